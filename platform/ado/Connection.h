@@ -1,0 +1,52 @@
+// A connection to one database.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/ado/Error.h"
+
+namespace payslate::ado {
+
+class Provider;
+class Recordset;
+
+enum class ObjectState { Closed = 0, Open = 1 };
+
+/// Created closed. Not copyable; shared between a host and the component by std::shared_ptr.
+class Connection {
+ public:
+  Connection();
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  /// `:memory:` or a file path opens the embedded engine (an existing file; "PATH;Create=True" also makes a new
+  /// one); other strings are for the provider that accepts them. Error when already open, when no provider
+  /// accepts the string, or when the database cannot be opened.
+  void Open(const std::string& connectionString);
+  void Close();  ///< Rolls back an open transaction. Recordsets still open on it fail afterwards.
+  [[nodiscard]] ObjectState State() const;
+
+  /// Runs one statement; a closed recordset comes back when it returns no rows.
+  Recordset Execute(const std::string& commandText);
+
+  void BeginTrans();
+  void CommitTrans();
+  void RollbackTrans();
+  [[nodiscard]] bool InTransaction() const;
+
+  /// Told of every statement that is sent, before it is: texts, and "insert TABLE" or "update TABLE" for rows
+  /// written through a recordset. Transaction commands are not statements.
+  std::function<void(std::string_view statement)> StatementSent;
+
+ private:
+  friend class Recordset;
+  Provider& provider(std::string_view forWhat) const;  // Error when closed.
+  std::shared_ptr<Provider> provider_;
+  bool inTransaction_ = false;
+};
+
+}  // namespace payslate::ado

@@ -1,0 +1,86 @@
+// What a database implements to stand behind a Connection.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/basic/Value.h"
+
+namespace payslate::ado {
+
+enum class ColumnType { Boolean, Integer, Decimal, Double, Date, Text };
+
+struct Column {
+  std::string name;  ///< As the statement or the table names it; empty for an expression without alias.
+  ColumnType type = ColumnType::Text;
+};
+
+/// Rows of one statement, fetched one at a time when asked: creating a cursor checks the statement and reads
+/// nothing. Values come in the kind of their column (Null whatever the kind). A cursor outlives neither its
+/// provider nor a rollback.
+class Cursor {
+ public:
+  virtual ~Cursor() = default;
+  [[nodiscard]] virtual const std::vector<Column>& columns() const = 0;
+  /// Moves to the next row; false behind the last one, and from then on.
+  virtual bool next() = 0;
+  /// Value of the current row. Only after next() returned true.
+  [[nodiscard]] virtual basic::Value value(std::size_t column) const = 0;
+};
+
+/// The table behind a statement of the form "select * from TABLE [where …]", whose rows a recordset may add
+/// and rewrite.
+struct BaseTable {
+  std::string name;
+  std::vector<Column> columns;
+  std::vector<std::string> key;  ///< Columns of the primary key; empty when it has none.
+};
+
+struct Assignment {
+  std::string column;
+  basic::Value value;
+};
+
+/// One open database. Every failure is an ado::Error, after which the provider stays usable.
+class Provider {
+ public:
+  virtual ~Provider() = default;
+
+  /// Runs a statement. One that returns rows yields its cursor (nothing read yet); any other has run when this
+  /// returns, and yields null. One statement a text: a second one is an error.
+  virtual std::unique_ptr<Cursor> execute(std::string_view statement) = 0;
+
+  virtual void begin() = 0;
+  virtual void commit() = 0;
+  virtual void rollback() = 0;
+
+  /// Null when `statement` does not read all columns of exactly one table. Reads no row.
+  virtual std::optional<BaseTable> baseTable(std::string_view statement) = 0;
+  /// Inserts one row with the assigned columns only. Values are converted to the column's type or refused.
+  virtual void insert(const BaseTable& table, const std::vector<Assignment>& row) = 0;
+  /// Rewrites the one row whose key columns have these values. Refused when it is not there any more.
+  virtual void update(const BaseTable& table, const std::vector<Assignment>& key,
+                      const std::vector<Assignment>& row) = 0;
+};
+
+/// Opens a database from what follows the provider's name in a connection string.
+struct ProviderEntry {
+  std::string name;                                          ///< For messages.
+  std::function<bool(std::string_view connection)> accepts;  ///< Is this connection string for it? Asked in order.
+  std::function<std::unique_ptr<Provider>(const std::string& connection)> open;
+};
+
+/// The databases that this program was built with, in the order in which they are asked; defined by
+/// platform/providers, the one place that knows them.
+std::vector<ProviderEntry> builtInProviders();
+
+/// Adds a provider that is asked before all others.
+void registerProvider(ProviderEntry entry);
+/// Opens through the first provider that accepts the string; ado::Error when none does.
+std::unique_ptr<Provider> openProvider(const std::string& connection);
+
+}  // namespace payslate::ado

@@ -1,0 +1,74 @@
+// Rows of a statement: read, added, rewritten.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/ado/Connection.h"
+#include "platform/basic/Value.h"
+
+namespace payslate::ado {
+
+enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
+
+class Recordset;
+
+/// One column of the current row. Valid while its recordset is open.
+class Field {
+ public:
+  [[nodiscard]] const std::string& Name() const;
+  /// Error when there is no current row.
+  [[nodiscard]] basic::Value Value() const;
+  /// Value joined to empty text (Null is ""), dates as yyyy/mm/dd.
+  [[nodiscard]] std::string Text() const;
+  /// Assigns to the row being added, or edits the current row; sent by Update. Error when the recordset is
+  /// read-only, has no current row, or does not stand on exactly one table.
+  Field& operator=(basic::Value value);
+
+ private:
+  friend class Recordset;
+  Field(Recordset& recordset, std::size_t index) : recordset_(&recordset), index_(index) {}
+  Recordset* recordset_;
+  std::size_t index_;
+};
+
+/// Movable. Rows are fetched when they are read, never before: opening "select * from" a large table to append
+/// one row reads nothing. Closed by its destructor, where an unsent edit is dropped.
+class Recordset {
+ public:
+  Recordset();
+  ~Recordset();
+  Recordset(Recordset&&) noexcept;
+  Recordset& operator=(Recordset&&) noexcept;
+
+  /// Checks and sends `source`. Error when the statement fails or returns no rows by its kind.
+  void Open(const std::string& source, Connection& connection, CursorType cursor, LockType lock);
+  void Close();
+  [[nodiscard]] ObjectState State() const;
+
+  [[nodiscard]] bool Bof();
+  [[nodiscard]] bool Eof();
+  void MoveFirst();  ///< Not on a forward-only cursor that has moved on.
+  void MoveNext();   ///< Error when Eof already.
+  /// Rows in all on keyset and static cursors (reads them to the end), -1 on forward-only ones.
+  [[nodiscard]] long RecordCount();
+
+  [[nodiscard]] std::size_t FieldCount() const;
+  /// By name in any letter case, or by index from 0. Error that names the field and the statement's fields.
+  Field Fields(std::string_view name);
+  Field Fields(std::size_t index);
+
+  void AddNew();
+  void Update();  ///< Inserts the assigned columns of the added row, or rewrites the current row by its key.
+
+ private:
+  friend class Field;
+  friend class Connection;
+  struct State_;
+  std::unique_ptr<State_> state_;
+};
+
+}  // namespace payslate::ado

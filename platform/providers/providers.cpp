@@ -1,0 +1,9 @@
+// Which databases this program was built with.
+#include "platform/ado/Provider.h"
+#include "platform/sqlite/SqliteProvider.h"
+
+namespace payslate::ado {
+
+std::vector<ProviderEntry> builtInProviders() { return {sqlite::providerEntry()}; }
+
+}  // namespace payslate::ado
