@@ -1,0 +1,149 @@
+// Choosing from a list, typing a text.
+#include "platform/ui/ComboBox.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/basic/Numbers.h"
+#include "platform/ui/Utf8.h"
+
+namespace payslate::ui {
+
+ComboBox::ComboBox(Form& form, std::string name, ComboStyle style)
+    : Control(form, std::move(name)), Style(style) {}
+
+void ComboBox::setListIndex(int index) {
+  if (index < -1 || index >= ListCount())
+    throw std::out_of_range(Name() + " has no item " + std::to_string(index) + "; it has " +
+                            std::to_string(ListCount()) + ".");
+  if (index == listIndex_) return;
+  listIndex_ = index;
+  text_ = index < 0 ? std::string() : List(index);
+  selStart_ = 0;
+  selLength_ = 0;
+  tell(Aspect::ListIndex);
+  Click.raise();
+}
+
+void ComboBox::setText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  listIndex_ = -1;
+  selStart_ = selLength_ = 0;
+  tell(Aspect::ListIndex);
+}
+
+void ComboBox::Clear() {
+  setItems({});
+}
+
+void ComboBox::AddItem(std::string text, std::int32_t itemData) {
+  items_.push_back({std::move(text), itemData});
+  tell(Aspect::Items);
+}
+
+void ComboBox::setItems(std::vector<Item> items) {
+  items_ = std::move(items);
+  text_.clear();
+  listIndex_ = -1;
+  selStart_ = selLength_ = 0;
+  tell(Aspect::Items);
+}
+
+std::optional<std::string> ComboBox::propertyText(std::string_view property) const {
+  if (basic::sameName(property, "Text")) return text_;
+  if (basic::sameName(property, "ListIndex")) return std::to_string(listIndex_);
+  if (basic::sameName(property, "ListCount")) return std::to_string(ListCount());
+  if (basic::sameName(property, "ItemData"))
+    return listIndex_ < 0 ? std::string() : std::to_string(ItemData(listIndex_));
+  return Control::propertyText(property);
+}
+
+void ComboBox::typeText(std::string text) {
+  text_ = std::move(text);
+  listIndex_ = -1;
+  tell(Aspect::ListIndex);
+  Change.raise();
+  const auto same = [this](const Item& item) { return item.text == text_; };
+  const auto found = std::find_if(items_.begin(), items_.end(), same);
+  if (found == items_.end() || listIndex_ >= 0) return;
+  listIndex_ = static_cast<int>(found - items_.begin());
+  tell(Aspect::ListIndex);
+  Click.raise();
+}
+
+void ComboBox::Select(int start, int count) {
+  const int whole = static_cast<int>(utf32(text_).size());
+  selStart_ = std::clamp(start, 0, whole);
+  selLength_ = std::clamp(count, 0, whole - selStart_);
+  tell(Aspect::TextSelection);
+}
+
+void ComboBox::selectByInitial(char32_t character) {
+  const std::string initial = basic::lower(utf8({&character, 1}));
+  for (int step = 1; step <= ListCount(); ++step) {
+    const int index = (listIndex_ + step) % ListCount();
+    if (basic::lower(List(index)).starts_with(initial)) return setListIndex(index);
+  }
+}
+
+bool ComboBox::editKey(const Key& key) {
+  std::u32string text = utf32(text_);
+  const auto whole = static_cast<int>(text.size());
+  int start = selStart_;
+  int count = selLength_;
+  std::u32string inserted;
+  if (key.code == KeyCode::Delete) {
+    if (count == 0 && start < whole) count = 1;
+  } else if (key.character == KeyAscii::Back) {
+    if (count == 0 && start > 0) {
+      --start;
+      count = 1;
+    }
+  } else if (key.character >= KeyAscii::FirstPrintable) {
+    inserted.push_back(static_cast<char32_t>(key.character));
+  } else {
+    return false;
+  }
+  if (inserted.empty() && count == 0) return true;
+  text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count), inserted);
+  selStart_ = start + static_cast<int>(inserted.size());
+  selLength_ = 0;
+  typeText(utf8(text));
+  return true;
+}
+
+bool ComboBox::keyAction(const Key& key) {
+  if ((key.shift & (Shift::Ctrl | Shift::Alt)) != 0) {
+    if (key.code == 'A' && key.shift == Shift::Ctrl) Select(0, static_cast<int>(utf32(text_).size()));
+    return key.code == 'A';
+  }
+  switch (key.code) {
+    case KeyCode::Up:
+      if (listIndex_ > 0) setListIndex(listIndex_ - 1);
+      return true;
+    case KeyCode::Down:
+      if (listIndex_ + 1 < ListCount()) setListIndex(listIndex_ + 1);
+      return true;
+    case KeyCode::Home:
+      Select(0, 0);
+      return true;
+    case KeyCode::End:
+      Select(static_cast<int>(utf32(text_).size()), 0);
+      return true;
+    case KeyCode::Left:
+      Select(selStart_ - 1, 0);
+      return true;
+    case KeyCode::Right:
+      Select(selStart_ + selLength_ + 1, 0);
+      return true;
+    default:
+      break;
+  }
+  if (Style == ComboStyle::DropDown) return editKey(key);
+  if (key.character < KeyAscii::FirstPrintable) return false;
+  selectByInitial(static_cast<char32_t>(key.character));
+  return true;
+}
+
+}  // namespace payslate::ui
