@@ -1,0 +1,43 @@
+// The component as a host application sees it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/ado/Connection.h"
+#include "platform/basic/Date.h"
+
+namespace payslate::ui {
+class Desktop;
+}
+
+namespace payslate {
+
+/// Monthly entry for one company and one pay period. A host creates it, assigns the session, and calls Show.
+class clspayslate {
+ public:
+  /// The desktop shows the component's windows; it must outlive every Show.
+  explicit clspayslate(ui::Desktop& desktop) : desktop_(&desktop) {}
+
+  /// The host's open connection. Reading it while none is assigned creates an unopened one and keeps it.
+  [[nodiscard]] const std::shared_ptr<ado::Connection>& adocon();
+  void adocon(std::shared_ptr<ado::Connection> connection) { adocon_ = std::move(connection); }
+
+  std::string MsgboxTitle;          ///< Title of every message box.
+  basic::Date ProcessDate;          ///< The pay period being worked on is the one of this date.
+  std::int16_t intUserID = 0;       ///< User 1 holds every right.
+  std::int32_t intInterfaceID = 0;  ///< This screen in the host's rights and prefix tables.
+  std::int16_t intCompanyID = 0;
+  std::int16_t intfinancialid = 0;  ///< Financial year.
+
+  /// Opens the list of monthly entries and returns when it is closed. Neither opens nor closes the connection.
+  /// Raises what keeps the list from being shown (ado::Error for the database).
+  void Show();
+
+ private:
+  ui::Desktop* desktop_;
+  std::shared_ptr<ado::Connection> adocon_;
+};
+
+}  // namespace payslate
