@@ -31,8 +31,8 @@ class clspayslate {
   std::int16_t intCompanyID = 0;
   std::int16_t intfinancialid = 0;  ///< Financial year.
 
-  /// Opens the list of monthly entries and returns when it is closed. Neither opens nor closes the connection.
-  /// Raises what keeps the list from being shown (ado::Error for the database).
+  /// Opens the list of monthly entries and returns when it is closed. Neither opens nor closes the
+  /// connection. Raises what keeps the list from being shown (ado::Error for the database).
   void Show();
 
  private:

@@ -70,7 +70,7 @@ void Grid::setFormatString(const std::string& format) {
     layout.alignment = mark == '>' ? Alignment::Right : mark == '^' ? Alignment::Center : Alignment::Left;
     if (mark == '>' || mark == '<' || mark == '^') caption.erase(0, 1);
     if (!caption.empty()) layout.width = static_cast<Twips>(caption.size()) * twipsPerCharacter;
-    layout.header = std::move(caption);
+    layout.header = caption.substr(0, caption.find_last_not_of(' ') + 1);
     if (bar == format.size()) break;
     at = bar + 1;
   }

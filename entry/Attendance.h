@@ -1,0 +1,73 @@
+// Pay period, department and calendar, and the day counts from the attendance sheets.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "entry/EntryState.h"
+
+namespace payslate {
+
+class BasPaySlate;
+
+namespace common {
+class CommonDB;
+}
+namespace ui {
+class ComboBox;
+class CommandButton;
+class DatePicker;
+class TextBox;
+}  // namespace ui
+
+struct AttendanceControls {
+  ui::ComboBox& cboEmpname;
+  const ui::DatePicker& dtpattdate;
+  ui::TextBox& txtTotalDays;
+  ui::TextBox& txtworkingdays;
+  ui::TextBox& txtNoPresent;
+  ui::TextBox& txtNoLeave;
+  ui::TextBox& txtNoAbsent;
+  ui::CommandButton& cmdOk;
+};
+
+class Attendance {
+ public:
+  Attendance(BasPaySlate& bas, EntryState& state, const AttendanceControls& controls)
+      : bas_(bas), state_(state), controls_(controls) {}
+
+  /// Works out the pay period of the date in the picker, and its days.
+  void computePeriod(common::CommonDB& database);
+
+  /// Department and date of join of an employee.
+  void GetDeptID(std::int32_t employeeId);
+
+  /// True when the holiday calendar of a year of the period is missing; the message has then been shown and
+  /// OK is disabled.
+  bool FnCheckCalendarSettingsNotEntered();
+
+  /// Checks that the selected employee's sheets cover every employed day and counts the days. False after the
+  /// message that says what is missing; counts are then as they were.
+  bool fnLoadAttendance();
+
+  void setWorkingDays();
+  void setPresentDays();
+
+  /// Days of the period before the employee joined; 0 for one who joined earlier.
+  [[nodiscard]] long daysBeforeJoining() const;
+
+ private:
+  struct DayCount;
+  [[nodiscard]] bool joinedInside() const;
+  [[nodiscard]] double covered(std::int32_t employeeId, basic::Date first, bool& anySheet);
+  [[nodiscard]] double count(const DayCount& what, std::int32_t employeeId);
+  void readDateOfJoin(std::int32_t employeeId);
+  void countDays(std::int32_t employeeId);
+  [[nodiscard]] bool calendarExists(int year);
+
+  BasPaySlate& bas_;
+  EntryState& state_;
+  AttendanceControls controls_;
+};
+
+}  // namespace payslate

@@ -1,0 +1,24 @@
+// What the collaborators of the entry form share about the entry being worked on.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/basic/Date.h"
+
+namespace payslate {
+
+struct EntryState {
+  std::int32_t lngEntryID = 0;  ///< emhID of the entry shown or saved; 0 while it has none.
+  double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.
+  double dblHolidays = 0;       ///< Holidays in the employee's attendance of the period.
+  double dblPeriodDays = 0;     ///< Days of the period on which the employee is employed.
+  double dblAbsentDays = 0;     ///< Absent days of the period, half days included.
+  basic::Date dtDateOfJoin;     ///< Zero date when not known.
+  std::string strCurSymbol;     ///< The currency symbol last looked up.
+  std::string
+      strDeptCondition;  ///< Narrows the calendar check to a department; empty for a company-wide calendar.
+  std::string strDeptName;  ///< For the calendar message; empty when not known.
+};
+
+}  // namespace payslate

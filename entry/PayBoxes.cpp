@@ -1,0 +1,66 @@
+// Key filters and checks of the basic-pay and day-count boxes.
+#include "entry/PayBoxes.h"
+
+#include "component/BasPaySlate.h"
+#include "platform/basic/Numbers.h"
+#include "platform/common/CommonGen.h"
+#include "platform/ui/TextBox.h"
+#include "platform/ui/Utf8.h"
+
+namespace payslate {
+
+using basic::numberText;
+using basic::Trim;
+using basic::Val;
+
+namespace {
+constexpr int integerDigits = 18;
+constexpr int decimals = 2;
+constexpr double basicPayTolerance = 1;
+}  // namespace
+
+void PayBoxes::txtBasicPay_KeyPress(common::CommonGen& general, int& keyAscii) const {
+  bas_.EnterToTab(keyAscii);
+  general.TextValidateNum(controls_.txtBasicPay, keyAscii, integerDigits, decimals);
+}
+
+void PayBoxes::txtBasicPay_Validate(bool& cancel) const {
+  ui::TextBox& box = controls_.txtBasicPay;
+  const double loaded = Val(box.Tag());
+  const double entered = Val(box.Text());
+  if (loaded - basicPayTolerance < entered && entered <= loaded + basicPayTolerance) return;
+  bas_.message("Check Basic pay ");
+  box.Text = box.Tag();
+  box.SetFocus();
+  cancel = true;
+}
+
+void PayBoxes::dayCount_KeyPress(common::CommonGen& general, const ui::TextBox& box, int& keyAscii) const {
+  bas_.EnterToTab(keyAscii);
+  if (keyAscii == ui::KeyAscii::Minus) keyAscii = ui::KeyAscii::None;
+  if (keyAscii == ui::KeyAscii::Zero && Trim(box.Text()).empty()) keyAscii = ui::KeyAscii::None;
+  general.TextValidateNum(box, keyAscii, integerDigits, decimals);
+}
+
+void PayBoxes::txtNoPresent_KeyPress(common::CommonGen& general, int& keyAscii) const {
+  const ui::TextBox& box = controls_.txtNoPresent;
+  const auto length = static_cast<int>(ui::utf32(Trim(box.Text())).size());
+  if (keyAscii == ui::KeyAscii::Zero && length == box.SelLength()) keyAscii = ui::KeyAscii::None;
+  dayCount_KeyPress(general, box, keyAscii);
+}
+
+double PayBoxes::largestPresent() const {
+  return Val(controls_.txtworkingdays.Text()) - Val(controls_.txtNoLeave.Text());
+}
+
+void PayBoxes::txtNoPresent_KeyUp() const {
+  controls_.txtNoAbsent.Text = numberText(largestPresent() - Val(controls_.txtNoPresent.Text()));
+}
+
+void PayBoxes::txtNoPresent_Validate(bool& cancel) const {
+  if (largestPresent() - Val(controls_.txtNoPresent.Text()) >= 0) return;
+  cancel = true;
+  bas_.message("Present no of days can not be greater than " + numberText(largestPresent()));
+}
+
+}  // namespace payslate

@@ -1,0 +1,189 @@
+// The entry form's life: loading, keys, navigation and closing.
+#include "entry/frmpayslate.h"
+
+#include <algorithm>
+#include <array>
+
+#include "paycomponents/ListColumns.h"
+#include "platform/basic/Numbers.h"
+#include "platform/common/ObjectRegistry.h"
+
+namespace payslate {
+
+namespace {
+
+std::vector<ui::ColumnLayout> leaveColumns() {
+  using enum ui::Alignment;
+  return {{"Sno", 926, Left}, {"LeaveName", 7409, Left}, {"LeaveID", 0, Left}, {"No of Days", 2540, Right}};
+}
+
+std::vector<ui::ColumnLayout> facilityColumns() {
+  using enum ui::Alignment;
+  return {{"SINo", 926, Left},
+          {"FacilityID", 0, Left},
+          {"Facility No", 2117, Left},
+          {"Facility Name", 4233, Left},
+          {"Actual Amount", 2117, Right},
+          {"Deducted Amount", 2117, Right},
+          {"Settlement Amount", 2117, Right},
+          {"fmdeductionid", 0, Left},
+          {"CurrencySymbol", 2117, Left}};
+}
+
+std::string employeesWithoutEntry(const Session& session) {
+  return "eCompanyID=" + session.companyText() + " and eActive=1  and eempid not in (select  emhempID from " +
+         session.TableLinks["pempmonthlyentryheader"] +
+         " where month(emhDate)=" + std::to_string(session.ProcessDate.month()) +
+         " and year(emhDate)=" + std::to_string(session.ProcessDate.year()) +
+         " and emhCompanyID=" + session.companyText() + " and emhCancelled = 0)";
+}
+
+}  // namespace
+
+frmpayslate::frmpayslate(BasPaySlate& bas)
+    : Form("frmpayslate", bas.desktop(), "Monthly Entry"),
+      lvwAllow(*this, "lvwAllow", allowColumns()),
+      lvwDeduct(*this, "lvwDeduct", deductColumns()),
+      lvwLeaves(*this, "lvwLeaves", leaveColumns()),
+      lvwfacility(*this, "lvwfacility", facilityColumns(), true),
+      lvwCurrency(*this, "lvwCurrency", currencyColumns()),
+      bas_(bas),
+      formulas_(bas, {cboEmpname, txtNoPresent, txtNoAbsent, txtNoLeave, state_.dblHolidays}),
+      totals_({lblcursymbol, txtBasicPay, lvwAllow, lvwDeduct, lvwCurrency}),
+      attendance_(bas, state_,
+                  {cboEmpname, dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave,
+                   txtNoAbsent, cmdOk}),
+      payLoader_(bas, state_, formulas_, {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
+      boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}) {
+  KeyPreview = true;
+  arrange();
+  wireEvents();
+}
+
+void frmpayslate::wireEvents() {
+  Load = [this] { Form_Load(); };
+  KeyDown = [this](int& keyCode, int) { Form_KeyDown(keyCode); };
+  QueryUnload = [this](bool& cancel, ui::UnloadMode) { Form_QueryUnload(cancel); };
+
+  dtpattdate.Change = [this] {
+    bas_.ProcessDate = dtpattdate.Value();
+    Form_Load();
+  };
+  cboEmpname.Click = [this] { cboEmpname_Click(); };
+  cboEmpname.Change = [this] { cboEmpname_Click(); };
+  cboEmpname.KeyPress = [this](int& keyAscii) { bas_.EnterToTab(keyAscii); };
+  cmdFirst.Click = [this] { cmdFirst_Click(); };
+  cmdPrevious.Click = [this] { cmdPrevious_Click(); };
+  cmdNext.Click = [this] { cmdNext_Click(); };
+  cmdLast.Click = [this] { cmdLast_Click(); };
+
+  chkHold.Click = [this] {
+    if (chkHold.checked()) Chkpaid.Value = ui::CheckState::Unchecked;
+  };
+  Chkpaid.Click = [this] {
+    if (Chkpaid.checked()) chkHold.Value = ui::CheckState::Unchecked;
+  };
+  cmdRefresh.Click = [this] { formulas_.refresh(*objCommonDB_, lvwAllow, lvwDeduct); };
+
+  txtBasicPay.Change = [this] { DisplayCurrency(); };
+  txtBasicPay.KeyPress = [this](int& keyAscii) { boxes_.txtBasicPay_KeyPress(*objCommonGen_, keyAscii); };
+  txtBasicPay.Validate = [this](bool& cancel) { boxes_.txtBasicPay_Validate(cancel); };
+  for (ui::TextBox* box : {&txtNoPresent, &txtNoLeave, &txtNoAbsent}) {
+    box->GotFocus = [box] { box->SelectAll(); };
+    box->KeyPress = [this, box](int& keyAscii) { boxes_.dayCount_KeyPress(*objCommonGen_, *box, keyAscii); };
+  }
+  txtNoPresent.KeyPress = [this](int& keyAscii) { boxes_.txtNoPresent_KeyPress(*objCommonGen_, keyAscii); };
+  txtNoPresent.KeyUp = [this](int&, int) { boxes_.txtNoPresent_KeyUp(); };
+  txtNoPresent.Validate = [this](bool& cancel) { boxes_.txtNoPresent_Validate(cancel); };
+
+  cmdOk.Click = [this] { cmdOk_Click(); };
+  cmdCancel.Click = [this] { Unload(); };
+}
+
+void frmpayslate::Form_Load() {
+  objCommonGen_ = common::createObjectAs<common::CommonGen>(common::CommonGen::registeredName);
+  objCommonDB_ = common::createObjectAs<common::CommonDB>(common::CommonDB::registeredName);
+  objCommonDB_->adocon(bas_.adocon());
+  desktop().HelpFile = bas_.helpFile();
+  bas_.strComboTable = bas_.TableLinks["pemployee"];
+  fillEmployees();
+  attendance_.computePeriod(*objCommonDB_);
+  Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
+            bas_.shortDate(bas_.dtPeriodEnd);
+  tabpayslate.Tab = 0;
+  Tag = "Loaded";
+  BasPaySlate::StoreControlValues(*this);
+}
+
+void frmpayslate::fillEmployees() {
+  if (bas_.isNewEntry()) {
+    bas_.FillCombo(cboEmpname, "eEmpId", "ename", employeesWithoutEntry(bas_));
+    dtpattdate.Value = bas_.ProcessDate;
+    return;
+  }
+  bas_.FillCombo(cboEmpname, "eEmpId", "ename", "eCompanyID=" + bas_.companyText());
+  takeEntryFromList();
+  cboEmpname.Enabled = false;
+}
+
+void frmpayslate::takeEntryFromList() {
+  if (bas_.entryList == nullptr) return;
+  state_.lngEntryID = basic::CLng(basic::Val(bas_.entryList->currentEntryIdText()));
+  dtpattdate.Value = basic::parseDate(bas_.entryList->currentEntryDateText(), desktop().shortDatePattern());
+}
+
+void frmpayslate::Form_KeyDown(int& keyCode) {
+  struct Navigation {
+    int key;
+    int functionKey;
+    ui::CommandButton& button;
+    void (frmpayslate::*run)();
+  };
+  const std::array<Navigation, 4> navigation{{
+      {ui::KeyCode::Home, ui::KeyCode::F9, cmdFirst, &frmpayslate::cmdFirst_Click},
+      {ui::KeyCode::PageUp, ui::KeyCode::F10, cmdPrevious, &frmpayslate::cmdPrevious_Click},
+      {ui::KeyCode::PageDown, ui::KeyCode::F11, cmdNext, &frmpayslate::cmdNext_Click},
+      {ui::KeyCode::End, ui::KeyCode::F12, cmdLast, &frmpayslate::cmdLast_Click},
+  }};
+  for (const Navigation& step : navigation) {
+    if (keyCode != step.key && keyCode != step.functionKey) continue;
+    keyCode = ui::KeyCode::Escape;
+    if (step.button.Enabled()) (this->*step.run)();
+    return;
+  }
+}
+
+void frmpayslate::selectEmployee(int index, bool moveFocus) {
+  cboEmpname.setListIndex(index);
+  txtNoPresent.SelectAll();
+  if (moveFocus) txtNoPresent.SetFocus();
+  BasPaySlate::StoreControlValues(*this);
+}
+
+void frmpayslate::cmdFirst_Click() {
+  if (cboEmpname.ListIndex() >= 0) selectEmployee(0, true);
+}
+
+void frmpayslate::cmdPrevious_Click() {
+  if (cboEmpname.ListIndex() >= 0) selectEmployee(std::max(0, cboEmpname.ListIndex() - 1), true);
+}
+
+void frmpayslate::cmdNext_Click() {
+  if (cboEmpname.ListIndex() < 0) return;
+  selectEmployee(std::min(cboEmpname.ListCount() - 1, cboEmpname.ListIndex() + 1), true);
+}
+
+void frmpayslate::cmdLast_Click() {
+  if (cboEmpname.ListIndex() >= 0) selectEmployee(cboEmpname.ListCount() - 1, false);
+}
+
+void frmpayslate::Form_QueryUnload(bool& cancel) {
+  if (!cmdOk.Enabled() || !BasPaySlate::fnControlsChanged(*this)) return;
+  if (bas_.message("Save Changes?", ui::MessageStyle::AskInformation) != ui::Answer::Yes) return;
+  cmdOk_Click();
+  // A save disables OK when all of it is stored. Otherwise, whether validation or the database refused it,
+  // the form stays, so that nothing the clerk typed is lost.
+  cancel = !blnSaveValid_ || cmdOk.Enabled();
+}
+
+}  // namespace payslate

@@ -1,0 +1,135 @@
+// The entry form: one employee's month.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "component/BasPaySlate.h"
+#include "entry/Attendance.h"
+#include "entry/EntryState.h"
+#include "entry/PayBoxes.h"
+#include "entry/PayLoader.h"
+#include "paycomponents/CurrencyTotals.h"
+#include "paycomponents/Formulas.h"
+#include "persistence/EntryRecord.h"
+#include "platform/common/CommonDB.h"
+#include "platform/common/CommonGen.h"
+#include "platform/ui/Buttons.h"
+#include "platform/ui/ComboBox.h"
+#include "platform/ui/DatePicker.h"
+#include "platform/ui/Form.h"
+#include "platform/ui/Label.h"
+#include "platform/ui/ListView.h"
+#include "platform/ui/TabControl.h"
+#include "platform/ui/TextBox.h"
+
+namespace payslate {
+
+namespace ado {
+class Recordset;
+}
+
+/// Owns the controls and the rules that span subjects: modes, navigation, closing, the order of a load and of
+/// a save. Each subject has a collaborator of its own, which knows its controls and not the form.
+class frmpayslate : public ui::Form {
+ public:
+  explicit frmpayslate(BasPaySlate& bas);
+
+  ui::Label lblAtteNo{*this, "lblAtteNo", "MonthlyEntry No:"};
+  ui::TextBox txtAtteNo{*this, "txtAtteNo"};
+  ui::Label lblAttdate{*this, "lblAttdate", "Date:"};
+  ui::DatePicker dtpattdate{*this, "dtpattdate"};
+  ui::Label lblEmpname{*this, "lblEmpname", "Employee Name:"};
+  ui::ComboBox cboEmpname{*this, "cboEmpname"};
+  ui::CommandButton cmdFirst{*this, "cmdFirst", "|<"};
+  ui::CommandButton cmdPrevious{*this, "cmdPrevious", "<"};
+  ui::CommandButton cmdNext{*this, "cmdNext", ">"};
+  ui::CommandButton cmdLast{*this, "cmdLast", ">|"};
+  ui::Label Label1{*this, "Label1", "Label1"};
+
+  ui::Frame fraEmployeeAttendance{*this, "fraEmployeeAttendance"};
+  ui::Label Label2{*this, "Label2", "Total Days:"};
+  ui::TextBox txtTotalDays{*this, "txtTotalDays", ui::Alignment::Right};
+  ui::Label lblnoofworkingdays{*this, "lblnoofworkingdays", "Working Days + Holidays:"};
+  ui::TextBox txtworkingdays{*this, "txtworkingdays", ui::Alignment::Right};
+  ui::Label lblNoPresent{*this, "lblNoPresent", "No of present + Holidays:"};
+  ui::TextBox txtNoPresent{*this, "txtNoPresent", ui::Alignment::Right};
+  ui::Label lblNoLeave{*this, "lblNoLeave", "No of leave:"};
+  ui::TextBox txtNoLeave{*this, "txtNoLeave", ui::Alignment::Right};
+  ui::Label lblNoAbsent{*this, "lblNoAbsent", "No of absent:"};
+  ui::TextBox txtNoAbsent{*this, "txtNoAbsent", ui::Alignment::Right};
+
+  ui::Label lblBasicPay{*this, "lblBasicPay", "Basic Pay:"};
+  ui::TextBox txtBasicPay{*this, "txtBasicPay", ui::Alignment::Right};
+  ui::Label lblcursymbol{*this, "lblcursymbol"};
+  ui::CheckBox chkHold{*this, "chkHold", "Hold"};
+  ui::CheckBox Chkpaid{*this, "Chkpaid", "Paid Cash"};
+  ui::CommandButton cmdRefresh{*this, "cmdRefresh", "Refresh Formula's"};
+
+  ui::TabControl tabpayslate{
+      *this, "tabpayslate", {"Allowances", "Deductions", "Leaves", "Facilities", "Currency Spilitup"}};
+  ui::ListView lvwAllow;
+  ui::ListView lvwDeduct;
+  ui::ListView lvwLeaves;
+  ui::ListView lvwfacility;
+  ui::Label lblCurrecnyname{*this, "lblCurrecnyname", "Currency Symbol:"};
+  ui::ListView lvwCurrency;
+
+  ui::Label lblTotal{*this, "lblTotal", "Total Amt:"};
+  ui::TextBox txtTotal{*this, "txtTotal", ui::Alignment::Right};
+  ui::CommandButton cmdOk{*this, "cmdOk", "&Ok"};
+  ui::CommandButton cmdCancel{*this, "cmdCancel", "&Close"};
+
+  [[nodiscard]] const EntryState& state() const { return state_; }
+
+  void GetDeptID(std::int32_t& employeeId) { attendance_.GetDeptID(employeeId); }
+  bool FnCheckCalendarSettingsNotEntered() { return attendance_.FnCheckCalendarSettingsNotEntered(); }
+  double fnformulaamt(std::int32_t& formulaId) { return formulas_.fnformulaamt(formulaId); }
+  void DisplayCurrency() { totals_.DisplayCurrency(); }
+
+ private:
+  void arrange();  // frmpayslateLayout.cpp: where the controls stand
+  void wireEvents();
+
+  void Form_Load();
+  void Form_KeyDown(int& keyCode);
+  void Form_QueryUnload(bool& cancel);
+
+  void fillEmployees();
+  void takeEntryFromList();
+
+  // Choosing an employee: frmpayslateSelection.cpp
+  void cboEmpname_Click();
+  [[nodiscard]] bool prepareNewMonth(std::int32_t employeeId);
+  void showEmployeeSymbol(std::int32_t employeeId);
+  void loadNewMonth(std::int32_t employeeId);
+  void showStoredMonth(std::int32_t employeeId, ado::Recordset& header);
+  void enableNavigation();
+
+  void cmdFirst_Click();
+  void cmdPrevious_Click();
+  void cmdNext_Click();
+  void cmdLast_Click();
+  void selectEmployee(int index, bool moveFocus);
+
+  // Saving: frmpayslateSave.cpp
+  void cmdOk_Click();
+  bool fnValidateEntry();
+  void save();
+  [[nodiscard]] EntryRecord record() const;
+
+  BasPaySlate& bas_;
+  std::unique_ptr<common::CommonGen> objCommonGen_;
+  std::unique_ptr<common::CommonDB> objCommonDB_;
+  EntryState state_;
+  bool blnSaveValid_ = false;
+
+  Formulas formulas_;
+  CurrencyTotals totals_;
+  Attendance attendance_;
+  PayLoader payLoader_;
+  PayBoxes boxes_;
+};
+
+}  // namespace payslate

@@ -1,0 +1,54 @@
+// The statement of pay per currency.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace payslate {
+
+namespace ui {
+class Label;
+class ListView;
+class TextBox;
+}  // namespace ui
+
+/// The controls that the statement is made from, and the list that shows it.
+struct CurrencyControls {
+  const ui::Label& lblcursymbol;
+  const ui::TextBox& txtBasicPay;
+  const ui::ListView& lvwAllow;
+  const ui::ListView& lvwDeduct;
+  ui::ListView& lvwCurrency;
+};
+
+class CurrencyTotals {
+ public:
+  explicit CurrencyTotals(const CurrencyControls& controls) : controls_(controls) {}
+
+  /// Rebuilds the statement: for each currency basic pay, allowances, deductions and the net total of the
+  /// figures as shown.
+  void DisplayCurrency();
+
+ private:
+  struct ListPart {
+    const ui::ListView& list;
+    const char* heading;
+    int description;
+    int amount;
+    int symbol;
+    int sign;
+  };
+
+  void showcurrency();
+  void AddcurrencySyboltoArray(const std::string& symbol);
+  void showCurrency(const std::string& symbol);
+  [[nodiscard]] double showPart(const ListPart& part, const std::string& symbol);
+  /// Adds a row with an amount and returns the amount as shown.
+  double addAmount(const std::string& details, double amount);
+  void addRow(const std::string& details, const std::string& amount = {});
+
+  CurrencyControls controls_;
+  std::vector<std::string> cur_;
+};
+
+}  // namespace payslate

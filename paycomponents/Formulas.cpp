@@ -1,0 +1,131 @@
+// Replacing parameter codes and letting the server do the arithmetic.
+#include "paycomponents/Formulas.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "component/BasPaySlate.h"
+#include "component/Session.h"
+#include "paycomponents/ListColumns.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Numbers.h"
+#include "platform/common/CommonDB.h"
+#include "platform/ui/ComboBox.h"
+#include "platform/ui/TextBox.h"
+
+namespace payslate {
+
+using basic::Val;
+
+namespace {
+
+constexpr const char* parameterPattern = "#0.00";
+constexpr std::size_t daysOfWeek = 7;
+
+std::string parameterStatement(const Session& session, std::int32_t employeeId) {
+  return "spformulaparameter  " + session.companyText() + ", " + std::to_string(employeeId) + ", " +
+         std::to_string(session.intfinancialid) + ",'" + slashDate(session.dtPeriodStart) + "'";
+}
+
+std::string expressionStatement(const Session& session, std::int32_t formulaId) {
+  return "select fFormulaName from " + session.TableLinks["pformula"] +
+         " where fcompanyid = " + session.companyText() + " and fformulaid = " + std::to_string(formulaId);
+}
+
+}  // namespace
+
+/// The thirteen codes and their values.
+struct Formulas::Parameters {
+  std::array<std::pair<std::string_view, double>, 13> codes{{
+      {"BP", 0},
+      {"PD", 0},
+      {"AD", 0},
+      {"LD", 0},
+      {"MD", 0},
+      {"HD", 0},
+      {"WD1", 0},
+      {"WD2", 0},
+      {"WD3", 0},
+      {"WD4", 0},
+      {"WD5", 0},
+      {"WD6", 0},
+      {"WD7", 0},
+  }};
+
+  void set(std::string_view code, double value) {
+    for (auto& [name, held] : codes)
+      if (name == code) held = value;
+  }
+
+  // One blank-separated token of an upper-case expression, as the server is to read it.
+  [[nodiscard]] std::string replaced(const std::string& token) const {
+    for (const auto& [name, value] : codes)
+      if (name == token) return basic::Format(value, parameterPattern);
+    return basic::IsNumeric(token) ? basic::Format(Val(token), parameterPattern) : token;
+  }
+};
+
+Formulas::Parameters Formulas::parameters() const {
+  Parameters parameters;
+  parameters.set("PD", Val(controls_.txtNoPresent.Text()) - controls_.dblHolidays);
+  parameters.set("AD", Val(controls_.txtNoAbsent.Text()));
+  parameters.set("LD", Val(controls_.txtNoLeave.Text()));
+  parameters.set("HD", controls_.dblHolidays);
+
+  const std::int32_t employeeId = controls_.cboEmpname.ItemData(controls_.cboEmpname.ListIndex());
+  ado::Recordset row;
+  row.Open(parameterStatement(session_, employeeId), *session_.adocon(), ado::CursorType::ForwardOnly,
+           ado::LockType::ReadOnly);
+  if (row.Eof()) return parameters;
+  parameters.set("BP", basic::CDbl(row.Fields("basicpay").Value()));
+  parameters.set("MD", basic::CDbl(row.Fields("monthdays").Value()));
+  for (std::size_t day = 1; day <= daysOfWeek; ++day) {
+    const std::string number = std::to_string(day);
+    parameters.set("WD" + number, basic::CInt(row.Fields("wk" + number + "days").Value()));
+  }
+  return parameters;
+}
+
+std::string Formulas::expression(std::int32_t formulaId) const {
+  ado::Recordset row;
+  row.Open(expressionStatement(session_, formulaId), *session_.adocon(), ado::CursorType::ForwardOnly,
+           ado::LockType::ReadOnly);
+  const std::string text = row.Eof() ? std::string() : basic::Trim(row.Fields("fFormulaName").Text());
+  if (text.empty())
+    throw ado::Error("Formula " + std::to_string(formulaId) + " is not in the formula table or has no text.",
+                     "02000");
+  return basic::upper(text);
+}
+
+double Formulas::fnformulaamt(std::int32_t formulaId) const {
+  const Parameters values = parameters();
+  const std::string text = expression(formulaId);
+  std::string arithmetic;
+  for (std::size_t at = 0; at <= text.size();) {
+    const std::size_t blank = std::min(text.find(' ', at), text.size());
+    arithmetic += values.replaced(text.substr(at, blank - at));
+    at = blank + 1;
+  }
+  ado::Recordset result = session_.adocon()->Execute("select " + arithmetic);
+  return basic::CDbl(result.Fields(0).Value());
+}
+
+void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const {
+  const auto refreshList = [&](ui::ListView& list, int idColumn, int amountColumn, const char* table,
+                               const char* field, const std::string& condition) {
+    for (int row = 0; row < list.rowCount(); ++row) {
+      database.strTableName(session_.TableLinks[table]);
+      const std::string id = std::to_string(basic::numberOrZero(list.cellText(row, idColumn)));
+      const auto formulaId = basic::CLng(numberOf(database.fnreturnfield(field, condition + id)));
+      if (formulaId > 0) list.setCell(row, amountColumn, basic::numberText(fnformulaamt(formulaId)));
+    }
+  };
+  refreshList(lvwAllow, AllowColumn::AllowID, AllowColumn::Amount, "pAllowances", "aformulaid",
+              " acompanyid = " + session_.companyText() + " and aallowanceid = ");
+  refreshList(lvwDeduct, DeductColumn::DeductID, DeductColumn::Amount, "pDeductions", "dformulaid",
+              " dcompanyid = " + session_.companyText() + " and ddedid = ");
+}
+
+}  // namespace payslate

@@ -1,0 +1,51 @@
+// Formulas of allowances and deductions, computed by the database server.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace payslate {
+
+struct Session;
+
+namespace common {
+class CommonDB;
+}
+namespace ui {
+class ComboBox;
+class ListView;
+class TextBox;
+}  // namespace ui
+
+/// What of the entry form a formula reads.
+struct FormulaControls {
+  const ui::ComboBox& cboEmpname;
+  const ui::TextBox& txtNoPresent;
+  const ui::TextBox& txtNoAbsent;
+  const ui::TextBox& txtNoLeave;
+  const double& dblHolidays;
+};
+
+class Formulas {
+ public:
+  Formulas(Session& session, const FormulaControls& controls) : session_(session), controls_(controls) {}
+
+  /// Value of the formula for the selected employee and the pay period, with the server's full precision. An
+  /// employee must be selected. Errors: no such formula or an empty one, whatever the server refuses (an
+  /// unknown word, a division by zero), a result that is Null or no number.
+  [[nodiscard]] double fnformulaamt(std::int32_t formulaId) const;
+
+  /// Computes the amount of every row whose pay component has a formula; rows before a failing one stay
+  /// computed.
+  void refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const;
+
+ private:
+  struct Parameters;
+  [[nodiscard]] Parameters parameters() const;
+  [[nodiscard]] std::string expression(std::int32_t formulaId) const;
+
+  Session& session_;
+  FormulaControls controls_;
+};
+
+}  // namespace payslate

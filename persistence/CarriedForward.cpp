@@ -1,0 +1,40 @@
+// Movements of salary carried from one month to a later one, and the setting for loss of pay.
+#include "persistence/CarriedForward.h"
+
+#include "component/Session.h"
+#include "persistence/EntryWriter.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Numbers.h"
+
+namespace payslate {
+
+void EntryWriter::fnAddCarryForwardRow(std::int32_t entryId, double amount, std::int16_t mode) {
+  ado::Recordset movements;
+  movements.Open("Select * from pEmployeeCurrentDetails Where 1=2", *session_.adocon(),
+                 ado::CursorType::Keyset, ado::LockType::Optimistic);
+  movements.AddNew();
+  movements.Fields("ecdCompanyID") = session_.intCompanyID;
+  movements.Fields("ecdPaySlateID") = entryId;
+  movements.Fields("ecdDetailID") = intCurDetailID_;
+  movements.Fields("ecdAmount") = amount;
+  movements.Fields("ecdMode") = mode;
+  movements.Update();
+}
+
+void EntryWriter::fnDeleteCarryForward(std::int32_t entryId) {
+  if (session_.isNewEntry()) return;
+  session_.adocon()->Execute("delete from pEmployeeCurrentDetails where ecdcompanyid = " +
+                             session_.companyText() + " and ecdPaySlateID = " + std::to_string(entryId));
+}
+
+void fnLOPThroughDeductions(Session& session, bool& result) {
+  ado::Recordset row;
+  row.Open("select LOPThroughDeductions from pSettings where companyID=" + session.companyText(),
+           *session.adocon(), ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);
+  result = false;
+  if (row.Eof()) return;
+  const basic::Value setting = row.Fields("LOPThroughDeductions").Value();
+  result = !basic::isNull(setting) && basic::CBool(setting);
+}
+
+}  // namespace payslate
