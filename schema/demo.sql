@@ -50,7 +50,7 @@ go
 insert into pDeductions (dCompanyID, dDedID, dDescription, dActive, dformulaid, dcurrencyid) values
   (1, 1, 'Provident fund', 1, 2, 1), (1, 2, 'Canteen', 1, null, 1), (1, 3, 'Vehicle recovery', 1, null, 1),
   (1, 4, 'Late hours', 1, null, 1), (1, 5, 'Quarters recovery', 1, null, 1), (1, 6, 'Club', 0, null, 1),
-  (1, 7, 'Union fee', 1, null, 2), (1, 8, 'Salary advance', 1, 0, 1),
+  (1, 7, 'Union fee', 1, null, 1), (1, 8, 'Salary advance', 1, 0, 1),
   (2, 1, 'Loss of pay', 1, 1, 1), (2, 2, 'Fund', 1, 2, 1), (2, 3, 'Late hours', 1, null, 1),
   (2, 4, 'Tool recovery', 1, null, 1)
 go
@@ -86,6 +86,9 @@ go
 
 -- ---- Single employees' cases; the people stand in demo_people.cpp ----
 
+-- 121 is paid in dollars and owes rupees: negative pay.
+insert into pempdeductions (edcompanyid, edempid, eddeductionid, edamount) values (1, 121, 2, 300.25)
+go
 -- 101: a loan nearly repaid beside a running one, one paid back in cash, one cancelled; 103: one that has ended.
 insert into pLoansIssue (liCompanyID, liID, liLoanID, liEmpID, liCurrentBalance, liInstallmentAmount, liActive,
   licancelled, liDeductionMode) values

@@ -97,18 +97,20 @@ struct Standing {
   double share;   // of the basic pay, added
   int department;
   int every = 1;
+  bool paidAbroadToo = false;  // else it would be set off against pay in another currency
 };
 
 constexpr int anyDepartment = 0;
+constexpr int homeCurrency = 1;  // of both companies
 
 constexpr Standing allowances[] = {
     {1, 1, 0, 0.1, 10},
     {1, 1, 0, 0.12, 20},
     {1, 2, 0, 0, 10, 2},
-    {1, 4, 40, 0, anyDepartment, 5},
+    {1, 4, 40, 0, anyDepartment, 5, true},
     {1, 5, 77, 0, anyDepartment, 11},
     {1, 6, 0, 0, 20},
-    {1, 7, 25.5, 0, anyDepartment, 7},
+    {1, 7, 25.5, 0, anyDepartment, 7, true},
     {1, 8, 0, 0, 10},
     {1, 9, 0, 0, 20, 3},
     {2, 1, 150, 0, anyDepartment},
@@ -128,7 +130,8 @@ template <std::size_t N>
 void addStanding(TableWriter& table, const Person& person, const Standing (&rules)[N]) {
   for (const Standing& rule : rules) {
     const bool applies = rule.company == person.company && person.id % rule.every == 0 &&
-                         (rule.department == anyDepartment || rule.department == person.department);
+                         (rule.department == anyDepartment || rule.department == person.department) &&
+                         (rule.paidAbroadToo || person.currency == homeCurrency);
     if (applies)
       table.add({person.company, person.id, rule.item, money(rule.amount + rule.share * person.basic)});
   }

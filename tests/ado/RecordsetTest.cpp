@@ -49,7 +49,7 @@ TEST_F(RecordsetTest, FetchesOnlyWhatIsAskedFor) {
   EXPECT_EQ(rows.Fields("EMP").Name(), "emp");
   rows.AddNew();
   rows.Fields("company") = 2;
-  rows.Fields("emp") = 1;
+  rows.Fields("emp") = 100;
   rows.Update();
   EXPECT_EQ(counts().rows, 0) << "appending reads no row";
   EXPECT_FALSE(rows.Eof());
