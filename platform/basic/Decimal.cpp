@@ -119,8 +119,13 @@ Wide product(const Wide& a, const Wide& b) {
   return result;
 }
 
-/// floor(a / b), b not 0: long division, one limb of the quotient after the other.
-Wide quotient(const Wide& a, const Wide& b) {
+/// floor(dividend / divisor), divisor not 0: long division, one limb of the quotient after the other.
+Wide quotient(const Wide& dividend, const Wide& divisor) {
+  // A divisor whose leading limb is large brackets each limb of the quotient to a few candidates.
+  const std::uint64_t factor = limbBase / (std::uint64_t{divisor.limbs[divisor.size - 1]} + 1);
+  const Wide a = scaledBy(dividend, factor);
+  const Wide b = scaledBy(divisor, factor);
+  const std::uint64_t lead = b.limbs[b.size - 1];
   Wide result;
   Wide rest;
   result.size = a.size;
@@ -129,14 +134,9 @@ Wide quotient(const Wide& a, const Wide& b) {
     rest.limbs[0] = a.limbs[i];
     rest.size = std::max<std::size_t>(rest.size, 1);
     rest.trim();
-    // The largest limb whose product with b still fits, bracketed by the leading limbs of both.
-    std::uint64_t low = 0;
-    std::uint64_t high = limbBase - 1;
-    const std::uint64_t lead = b.limbs[b.size - 1];
-    const std::uint64_t restLead =
-        (b.size < rest.limbs.size() ? rest.limbs[b.size] * limbBase : 0) + rest.limbs[b.size - 1];
-    low = restLead / (lead + 1);
-    high = std::min(high, restLead / lead);
+    const std::uint64_t restLead = rest.limbs[b.size] * limbBase + rest.limbs[b.size - 1];
+    std::uint64_t low = restLead / (lead + 1);
+    std::uint64_t high = std::min(restLead / lead, limbBase - 1);
     while (low < high) {
       const std::uint64_t middle = low + (high - low + 1) / 2;
       if (compare(scaledBy(b, middle), rest) <= 0)
