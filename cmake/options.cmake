@@ -4,6 +4,12 @@ option(PAYSLATE_BENCH "Build the measurements" OFF)
 option(PAYSLATE_STRICT "Warnings are errors" OFF)
 option(PAYSLATE_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 
+# Repeated builds are quick where ccache is installed.
+find_program(PAYSLATE_CCACHE ccache)
+if(PAYSLATE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${PAYSLATE_CCACHE})
+endif()
+
 add_library(payslate_options INTERFACE)
 target_compile_features(payslate_options INTERFACE cxx_std_20)
 target_include_directories(payslate_options INTERFACE ${PROJECT_SOURCE_DIR})

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing. "setup.sh run" for building and running, "setup.sh test" for the
+# tests as well. Does nothing, and needs no rights, when all are there.
+set -euo pipefail
+
+packages=(g++ cmake ninja-build libsqlite3-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
+          libxcb-cursor0 fonts-dejavu-core)
+if [ "${1:-run}" = test ]; then
+  packages+=(libgtest-dev xvfb xdotool openbox)
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+if [ "${#missing[@]}" -eq 0 ]; then
+  echo "All needed packages are installed."
+  exit 0
+fi
+if [ "$(id -u)" -ne 0 ]; then
+  echo "These packages are missing; install them, or run this as root: ${missing[*]}" >&2
+  exit 2
+fi
+echo "Installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+apt-get update -qq
+apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
