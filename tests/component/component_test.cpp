@@ -1,0 +1,113 @@
+// The public class and the helpers that forms share.
+#include <gtest/gtest.h>
+
+#include "component/BasPaySlate.h"
+#include "component/clspayslate.h"
+#include "platform/ado/Error.h"
+#include "platform/common/CommonGen.h"
+#include "platform/common/clsCommonGen.h"
+#include "platform/scripted/ScriptedDesktop.h"
+#include "platform/ui/Buttons.h"
+#include "platform/ui/ComboBox.h"
+#include "platform/ui/Form.h"
+#include "platform/ui/TextBox.h"
+
+namespace payslate {
+namespace {
+
+class IdleClerk : public ui::Clerk {
+ public:
+  void attend(ui::Form& form) override { form.Unload(); }
+  ui::Answer answer(const ui::Message&) override { return ui::Answer::Ok; }
+  ui::MenuItem* pick(ui::Form&, const ui::PopupMenu&) override { return nullptr; }
+};
+
+class InputForm : public ui::Form {
+ public:
+  explicit InputForm(ui::Desktop& desktop) : Form("InputForm", desktop) {}
+  ui::TextBox text{*this, "text"};
+  ui::ComboBox combo{*this, "combo"};
+  ui::CheckBox check{*this, "check", "Check"};
+  ui::OptionButton option{*this, "option", "Option"};
+};
+
+TEST(Component, WithoutAConnectionTheFirstStatementFailsOnTheOneItMade) {
+  IdleClerk clerk;
+  scripted::ScriptedDesktop desktop;
+  desktop.setClerk(&clerk);
+  clspayslate component(desktop);
+  component.intInterfaceID = 40001;
+  EXPECT_THROW(component.Show(), ado::Error);
+  EXPECT_EQ(basPaySlate().adocon(), component.adocon());
+  EXPECT_EQ(component.adocon()->State(), ado::ObjectState::Closed);
+  EXPECT_EQ(basPaySlate().intInterfaceID, 40001);
+}
+
+TEST(Helpers, SnapshotsTellWhatChanged) {
+  IdleClerk clerk;
+  scripted::ScriptedDesktop desktop;
+  desktop.setClerk(&clerk);
+  InputForm form(desktop);
+  form.combo.AddItem("Asha", 1);
+  form.option.Value = true;
+  form.check.Value = ui::CheckState::Checked;
+  BasPaySlate::StoreControlValues(form);
+  EXPECT_FALSE(BasPaySlate::fnControlsChanged(form));
+  form.text.Text = "   ";
+  EXPECT_FALSE(BasPaySlate::fnControlsChanged(form));
+  form.text.Text = "1";
+  EXPECT_TRUE(BasPaySlate::fnControlsChanged(form));
+  form.text.Text = "";
+  form.check.Value = ui::CheckState::Unchecked;
+  EXPECT_TRUE(BasPaySlate::fnControlsChanged(form));
+  BasPaySlate::StoreControlValues(form);
+  form.combo.setListIndex(0);
+  EXPECT_TRUE(BasPaySlate::fnControlsChanged(form));
+}
+
+TEST(Helpers, AComboThatCannotBeFilledSaysWhatToCheck) {
+  IdleClerk clerk;
+  scripted::ScriptedDesktop desktop;
+  desktop.setClerk(&clerk);
+  InputForm form(desktop);
+  BasPaySlate bas;
+  bas.adocon()->Open(":memory:");
+  try {
+    bas.FillCombo(form.combo, "id", "name");
+    FAIL() << "an empty table name was accepted";
+  } catch (const ado::Error& error) {
+    EXPECT_TRUE(error.Description.ends_with("\rHINT: Check whether Properties assigned")) << error.Description;
+  }
+}
+
+TEST(CommonGen, LetsOnlyNumbersBeTyped) {
+  IdleClerk clerk;
+  scripted::ScriptedDesktop desktop;
+  desktop.setClerk(&clerk);
+  InputForm form(desktop);
+  common::clsCommonGen general;
+  const struct {
+    const char* text;
+    int start;
+    int length;
+    char key;
+    bool passes;
+  } cases[] = {
+      {"", 0, 0, '1', true},          {"", 0, 0, '.', true},     {"1.5", 3, 0, '.', false}, {"1.55", 4, 0, '5', false},
+      {"1.55", 0, 0, '5', true},      {"1.55", 3, 1, '9', true}, {"1", 0, 0, '-', false},   {"1", 1, 0, 'e', false},
+      {"1", 1, 0, '\r', true},        {"1", 1, 0, '\b', true},   {"1.5", 0, 3, '.', true},
+      {"123456789012345678", 0, 0, '9', false},
+      {"123456789012345678", 18, 0, '.', true},
+      {"1234567890.55", 2, 0, '.', false},
+  };
+  for (const auto& one : cases) {
+    form.text.Text = one.text;
+    form.text.Select(one.start, one.length);
+    int key = one.key;
+    general.TextValidateNum(form.text, key, 18, 2);
+    EXPECT_EQ(key != 0, one.passes) << one.text << " + " << one.key;
+  }
+}
+
+}  // namespace
+}  // namespace payslate

@@ -1,0 +1,196 @@
+// A save that the database breaks off, at every single request: nothing of it is stored, and the form keeps all.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "component/clspayslate.h"
+#include "platform/ado/Provider.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Numbers.h"
+#include "platform/scripted/ScriptedDesktop.h"
+#include "platform/ui/Buttons.h"
+#include "platform/ui/ComboBox.h"
+#include "platform/ui/Form.h"
+#include "platform/ui/ListView.h"
+#include "schema/schema.h"
+
+namespace payslate {
+namespace {
+
+constexpr const char* faultyPrefix = "faulty:";
+constexpr const char* faultText = "The line was cut.";
+
+// Requests to the database are counted; the one with this number fails.
+struct Faults {
+  int seen = 0;
+  int failing = 0;
+
+  void request() {
+    if (++seen == failing) throw ado::Error(faultText, "08S01");
+  }
+};
+
+Faults faults;
+
+class FaultyProvider : public ado::Provider {
+ public:
+  explicit FaultyProvider(std::unique_ptr<ado::Provider> real) : real_(std::move(real)) {}
+
+  std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
+    faults.request();
+    return real_->execute(statement);
+  }
+  void begin() override {
+    faults.request();
+    real_->begin();
+  }
+  void commit() override {
+    faults.request();
+    real_->commit();
+  }
+  void rollback() override { real_->rollback(); }
+  std::optional<ado::BaseTable> baseTable(std::string_view statement) override { return real_->baseTable(statement); }
+  void insert(const ado::BaseTable& table, const std::vector<ado::Assignment>& row) override {
+    faults.request();
+    real_->insert(table, row);
+  }
+  void update(const ado::BaseTable& table, const std::vector<ado::Assignment>& key,
+              const std::vector<ado::Assignment>& row) override {
+    faults.request();
+    real_->update(table, key, row);
+  }
+
+ private:
+  std::unique_ptr<ado::Provider> real_;
+};
+
+// Everything of a form that a clerk can have typed or loaded.
+std::vector<std::string> contents(const ui::Form& form) {
+  std::vector<std::string> texts;
+  for (const ui::Control* control : form.Controls()) {
+    texts.push_back(control->propertyText("Text").value_or("") + control->propertyText("Value").value_or(""));
+    if (const auto* list = dynamic_cast<const ui::ListView*>(control))
+      for (const auto& row : list->rows())
+        for (const std::string& cell : row.cells) texts.push_back(cell);
+  }
+  return texts;
+}
+
+// New, the first employee whose month can be loaded, OK; then away without saving.
+class SavingClerk : public ui::Clerk {
+ public:
+  int failingRequest = 0;
+  int requestsOfSave = 0;
+  bool formStayedOpen = false;
+  bool contentsKept = false;
+  bool canSaveAgain = false;
+  std::vector<std::string> messages;
+
+  void attend(ui::Form& form) override {
+    if (form.Name() == "FrmMaster") {
+      form.input().click(*form.control("cmdnew"));
+      form.input().click(*form.control("CmdClose"));
+      return;
+    }
+    chooseEmployee(form);
+    const std::vector<std::string> before = contents(form);
+    messages.clear();
+    faults = {0, failingRequest};
+    form.input().click(*form.control("cmdOk"));
+    requestsOfSave = faults.seen;
+    faults = {};
+    formStayedOpen = form.isLoaded();
+    if (!formStayedOpen) return;
+    contentsKept = contents(form) == before;
+    canSaveAgain = form.control("cmdOk")->Enabled();
+    form.input().close();
+  }
+
+  ui::Answer answer(const ui::Message& message) override {
+    messages.push_back(message.text);
+    return message.asksYesNo() ? ui::Answer::No : ui::Answer::Ok;
+  }
+
+  ui::MenuItem* pick(ui::Form&, const ui::PopupMenu&) override { return nullptr; }
+
+ private:
+  void chooseEmployee(ui::Form& form) {
+    auto& employees = dynamic_cast<ui::ComboBox&>(*form.control("cboEmpname"));
+    const auto& deductions = dynamic_cast<ui::ListView&>(*form.control("lvwDeduct"));
+    for (int index = 0; index < employees.ListCount(); ++index) {
+      form.input().choose(employees, index);
+      if (employees.ListIndex() == index && deductions.rowCount() > 0) return;
+    }
+    FAIL() << "no employee of the demo company can be entered";
+  }
+};
+
+class SaveFaults : public ::testing::Test {
+ protected:
+  SaveFaults() {
+    ado::registerProvider({"faulty",
+                           [](std::string_view connection) { return connection.starts_with(faultyPrefix); },
+                           [](const std::string& connection) {
+                             return std::make_unique<FaultyProvider>(
+                                 ado::openProvider(connection.substr(std::string(faultyPrefix).size())));
+                           }});
+    connection_->Open(std::string(faultyPrefix) + ":memory:");
+    schema::create(*connection_);
+    schema::fillDemo(*connection_);
+  }
+
+  long count(const std::string& what) {
+    ado::Recordset rows;
+    rows.Open("select count(*) from " + what, *connection_, ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);
+    return basic::CLng(rows.Fields(0).Value());
+  }
+
+  std::vector<long> storedRows() {
+    std::vector<long> counts;
+    for (const char* table : {"pempmonthlyentryheader", "pemployeeallowancedetail", "pemployeeDeductiondetail",
+                              "pEmployeeCurrentDetails", "pempfacilitydeductiondetail"})
+      counts.push_back(count(table));
+    return counts;
+  }
+
+  SavingClerk enter(int failingRequest) {
+    SavingClerk clerk;
+    clerk.failingRequest = failingRequest;
+    scripted::ScriptedDesktop desktop;
+    desktop.setClerk(&clerk);
+    clspayslate component(desktop);
+    component.adocon(connection_);
+    component.MsgboxTitle = "Payroll";
+    component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
+    component.intUserID = 1;
+    component.intInterfaceID = 40001;
+    component.intCompanyID = 1;
+    component.intfinancialid = 2026;
+    component.Show();
+    return clerk;
+  }
+
+  std::shared_ptr<ado::Connection> connection_ = std::make_shared<ado::Connection>();
+};
+
+TEST_F(SaveFaults, EveryRequestOfASaveCanFailWithoutATrace) {
+  const std::vector<long> before = storedRows();
+  // Each refused save leaves the employee to be entered; the first request that does not exist stores the entry.
+  int request = 1;
+  for (SavingClerk clerk = enter(request); clerk.messages.size() > 0; clerk = enter(++request)) {
+    SCOPED_TRACE("request " + std::to_string(request));
+    ASSERT_EQ(clerk.messages.front(), faultText);
+    ASSERT_TRUE(clerk.formStayedOpen);
+    EXPECT_TRUE(clerk.contentsKept);
+    const bool stored = storedRows() != before;
+    EXPECT_EQ(clerk.canSaveAgain, !stored);
+    if (stored) break;  // Only the list's refresh is left after the commit.
+  }
+  EXPECT_GT(request, 8);
+  EXPECT_EQ(count("pempmonthlyentryheader"), before.front() + 1);
+}
+
+}  // namespace
+}  // namespace payslate
