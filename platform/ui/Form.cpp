@@ -99,9 +99,15 @@ bool Form::Unload(UnloadMode mode) {
   bool cancel = false;
   QueryUnload.raise(cancel, mode);
   if (cancel) return false;
+  abandon();
+  return true;
+}
+
+void Form::abandon() {
+  if (!loaded_) return;
+  const auto keep = shared_from_this();
   loaded_ = false;
   tell(FormAspect::Unloaded);
-  return true;
 }
 
 Control* Form::control(std::string_view name) const {

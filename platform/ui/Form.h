@@ -51,6 +51,8 @@ class Form : public std::enable_shared_from_this<Form> {
   /// Closes the form unless its query-unload handler refuses. True when the form is not loaded any more.
   /// Inside the query-unload handler it does nothing: the closing is under way.
   bool Unload(UnloadMode mode = UnloadMode::Code);
+  /// Closes the form without asking its query-unload handler: for a user who gives everything up.
+  void abandon();
 
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
   /// By name in any letter case; null when there is none.

@@ -1,0 +1,137 @@
+// Options and commands, and the one place where failures become sentences and exit codes.
+#include "host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <ostream>
+
+#include "host/Commands.h"
+#include "platform/basic/Error.h"
+
+namespace payslate::host {
+
+namespace {
+
+constexpr const char* description =
+    "Runs the monthly entry of a payroll: shows it, sets its database up, performs errands on it.";
+constexpr const char* connectHelp = "The database: the path of a file, or a connection string";
+
+/// The parsed words; which command was given, CLI11 knows.
+struct Words {
+  DemoWish demo;
+  std::string initConnect;
+  ErrandWish errand;
+  std::string errandConnect;
+  ShowWish show;
+  std::string date;
+};
+
+using Command = std::function<ExitCode()>;
+
+// Adds the commands to the parser and returns what each of them does.
+class Commands {
+ public:
+  Commands(CLI::App& app, const ScreenMaker& makeScreen, std::ostream& out)
+      : app_(app), makeScreen_(makeScreen), out_(out) {
+    app.require_subcommand(1);
+    addDemo();
+    addInit();
+    addErrand();
+    addShow();
+  }
+
+  ExitCode perform() {
+    for (const auto& [parser, command] : commands_)
+      if (parser->parsed()) return command();
+    return ExitCode::Refused;
+  }
+
+ private:
+  void addDemo() {
+    CLI::App* parser =
+        app_.add_subcommand("demo", "Opens the demo company, which is made if it is not there");
+    parser->add_option("--database", words_.demo.database, "The demo company's database file")
+        ->capture_default_str();
+    parser->add_option("--screens", words_.demo.screens, "A folder for pictures of every window");
+    commands_.emplace_back(parser, [this] { return demo(words_.demo, makeScreen_, out_); });
+  }
+
+  void addInit() {
+    CLI::App* parser = app_.add_subcommand("init", "Creates the payroll tables in a database without them");
+    parser->add_option("--connect", words_.initConnect, connectHelp)->required();
+    commands_.emplace_back(parser, [this] { return init(words_.initConnect, out_); });
+  }
+
+  void addErrand() {
+    CLI::App* parser =
+        app_.add_subcommand("errand", "Performs errands: files that say what a clerk does and sees");
+    parser->add_option("FILE", words_.errand.files, "Errand files")->required();
+    CLI::Option* connect = parser->add_option("--connect", words_.errandConnect, connectHelp);
+    parser->add_flag("--window", words_.errand.window, "Through real windows");
+    commands_.emplace_back(parser, [this, connect] {
+      if (connect->count() > 0) words_.errand.connect = words_.errandConnect;
+      return errand(words_.errand, makeScreen_, out_);
+    });
+  }
+
+  void addShow() {
+    CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
+    scripted::Session& session = words_.show.session;
+    session.title = "Payroll";
+    parser->add_option("--connect", words_.show.connect, connectHelp)->required();
+    parser->add_option("--company", session.company, "The company")->required();
+    parser->add_option("--user", session.user, "The user who works")->required();
+    parser->add_option("--interface", session.interfaceId, "This screen in the rights tables")->required();
+    parser->add_option("--year", session.year, "The financial year")->required();
+    parser->add_option("--date", words_.date, "The process date, yyyy/mm/dd")->required();
+    parser->add_option("--title", session.title, "The title of message boxes")->capture_default_str();
+    commands_.emplace_back(parser, [this] {
+      readDate();
+      return show(words_.show, makeScreen_);
+    });
+  }
+
+  void readDate() {
+    try {
+      words_.show.session.date = basic::parseDate(words_.date, "yyyy/mm/dd");
+    } catch (const basic::ValueError&) {
+      throw Refusal("--date is \"" + words_.date + "\" and no date written yyyy/mm/dd.");
+    }
+  }
+
+  CLI::App& app_;
+  const ScreenMaker& makeScreen_;
+  std::ostream& out_;
+  Words words_;
+  std::vector<std::pair<CLI::App*, Command>> commands_;
+};
+
+// One line, one full stop.
+std::string sentence(std::string text) {
+  for (char& character : text)
+    if (character == '\n' || character == '\r') character = ' ';
+  text.erase(text.find_last_not_of(" .") + 1);
+  return text + ".";
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::ostream& out,
+        std::ostream& err) {
+  CLI::App app(description, "payroll-host");
+  Commands commands(app, makeScreen, out);
+  std::string problem;
+  try {
+    app.parse(argc, argv);
+    return static_cast<int>(commands.perform());
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) return app.exit(error, out, err);
+    problem = error.what();
+  } catch (const std::exception& error) {
+    problem = error.what();
+  }
+  err << "payroll-host: " << sentence(problem) << '\n';
+  return static_cast<int>(ExitCode::Refused);
+}
+
+}  // namespace payslate::host

@@ -1,0 +1,42 @@
+// The component on a real connection, as errands see it.
+#pragma once
+
+#include <string>
+
+#include "component/clspayslate.h"
+#include "host/Database.h"
+#include "platform/scripted/Stage.h"
+
+namespace payslate::host {
+
+/// A component on this desktop and connection with the session handed over.
+clspayslate makeComponent(ui::Desktop& desktop, const SharedConnection& connection,
+                          const scripted::Session& session);
+
+/// Statements of the errand and statements of the component run on the same connection; only the component's
+/// are counted.
+class ComponentStage : public scripted::Stage {
+ public:
+  /// `folder` is where relative paths of the errand start.
+  ComponentStage(ui::Desktop& desktop, SharedConnection connection, std::string folder);
+  ~ComponentStage() override;
+  ComponentStage(const ComponentStage&) = delete;
+  ComponentStage& operator=(const ComponentStage&) = delete;
+
+  void runFile(const std::string& path) override;
+  void runStatement(const std::string& statement) override;
+  std::vector<std::vector<basic::Value>> rows(const std::string& statement) override;
+  void setSession(const scripted::Session& session) override { session_ = session; }
+  void show() override;
+  long takeSentCount() override;
+
+ private:
+  ui::Desktop* desktop_;
+  SharedConnection connection_;
+  std::string folder_;
+  scripted::Session session_;
+  long sent_ = 0;
+  bool countsStatements_ = true;
+};
+
+}  // namespace payslate::host

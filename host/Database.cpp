@@ -1,0 +1,124 @@
+// Opening with one clear sentence for whatever stands in the way.
+#include "host/Database.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "host/Refusal.h"
+#include "platform/ado/Recordset.h"
+
+namespace payslate::host {
+
+namespace {
+
+// Everything that has no "=" before its first ";" is a path.
+bool isPath(const std::string& connect) {
+  return connect != inMemory && connect.substr(0, connect.find(';')).find('=') == std::string::npos;
+}
+
+// Connection strings may hold passwords: only paths are repeated.
+std::string nameOf(const std::string& connect) {
+  return connect == inMemory || isPath(connect) ? "The database " + connect : "The database";
+}
+
+std::string trimmedEnd(std::string sentence) {
+  while (sentence.ends_with('.')) sentence.pop_back();
+  return sentence;
+}
+
+[[noreturn]] void refuse(const std::string& what, const std::string& why) {
+  throw Refusal(what + ": " + trimmedEnd(why) + ".");
+}
+
+SharedConnection open(const std::string& connect, const std::string& connectionString) {
+  auto connection = std::make_shared<ado::Connection>();
+  try {
+    connection->Open(connectionString);
+  } catch (const ado::Error& error) {
+    refuse(nameOf(connect) + " cannot be opened", error.Description);
+  }
+  return connection;
+}
+
+bool hasRow(ado::Connection& connection, const std::string& statement) {
+  ado::Recordset rows = connection.Execute(statement);
+  return !rows.Eof();
+}
+
+constexpr const char* payrollProbe = "select tablename, linktablename from linkTable where 1 = 0";
+
+bool holdsPayroll(ado::Connection& connection) {
+  try {
+    connection.Execute(payrollProbe);
+    return true;
+  } catch (const ado::Error&) {
+    return false;  // There is no such table: the one thing that this asks.
+  }
+}
+
+// The physical name of a table of the payroll, as the database itself links it.
+std::string linkedTable(ado::Connection& connection, const std::string& logical) {
+  ado::Recordset rows =
+      connection.Execute("select linktablename from linkTable where tablename = '" + logical + "'");
+  return rows.Eof() ? logical : rows.Fields(0).Text();
+}
+
+// The embedded engine keeps two more files beside the database while it is open.
+void removeDatabase(const std::filesystem::path& path) {
+  std::error_code ignored;
+  for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + ending, ignored);
+}
+
+}  // namespace
+
+bool isMissingFile(const std::string& connect) {
+  std::error_code unknown;
+  return isPath(connect) && !std::filesystem::exists(connect.substr(0, connect.find(';')), unknown);
+}
+
+SharedConnection openDatabase(const std::string& connect) {
+  if (isMissingFile(connect)) throw Refusal("The database " + connect + " does not exist.");
+  return open(connect, connect);
+}
+
+SharedConnection openPayroll(const std::string& connect) {
+  SharedConnection connection = openDatabase(connect);
+  try {
+    connection->Execute(payrollProbe);
+  } catch (const ado::Error& error) {
+    refuse(nameOf(connect) + " holds no payroll", error.Description);
+  }
+  return connection;
+}
+
+SharedConnection createPayroll(const std::string& connect,
+                               const std::function<void(ado::Connection&)>& fill) {
+  const bool makesFile = isMissingFile(connect);
+  SharedConnection connection = open(connect, makesFile ? connect + ";Create=True" : connect);
+  if (holdsPayroll(*connection)) throw Refusal(nameOf(connect) + " holds payroll tables already.");
+  try {
+    fill(*connection);
+  } catch (const std::exception& error) {
+    const std::string reason = error.what();
+    connection->Close();
+    if (makesFile) removeDatabase(connect);
+    refuse(nameOf(connect) + " was not set up", reason);
+  }
+  return connection;
+}
+
+void requireCompany(ado::Connection& connection, int company) {
+  const std::string number = std::to_string(company);
+  try {
+    if (hasRow(connection, "select companyID from " + linkedTable(connection, "psettings") +
+                               " where companyID = " + number) ||
+        hasRow(connection, "select eCompanyID from " + linkedTable(connection, "pemployee") +
+                               " where eCompanyID = " + number))
+      return;
+  } catch (const ado::Error& error) {
+    refuse("The companies of the database cannot be read", error.Description);
+  }
+  throw Refusal("The database knows no company " + number + ".");
+}
+
+}  // namespace payslate::host

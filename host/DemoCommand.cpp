@@ -1,0 +1,139 @@
+// payroll-host demo: the demo company in a window, or a clerk's walk through it where nobody watches.
+#include <filesystem>
+#include <map>
+#include <ostream>
+
+#include "host/Commands.h"
+#include "host/ComponentStage.h"
+#include "host/Database.h"
+#include "host/Performance.h"
+#include "host/TablePrint.h"
+#include "host/demo_errand.h"
+#include "platform/ado/Recordset.h"
+#include "schema/schema.h"
+
+namespace payslate::host {
+
+namespace {
+
+using basic::Date;
+
+constexpr const char* usualScreens = "payroll-demo-screens";
+constexpr const char* employeePlaceholder = "{employee}";
+
+struct DemoMonth {
+  Date first = Date::fromCalendar(2026, 4, 1);
+  Date last = Date::fromCalendar(2026, 4, 30);
+};
+
+scripted::Session demoSession() {
+  return {1, 1, 40001, 2026, DemoMonth().last, "Payroll"};
+}
+
+SharedConnection demoDatabase(const std::string& path, std::ostream& out) {
+  if (!isMissingFile(path)) return openPayroll(path);
+  out << "Creating the demo companies in " << path << ".\n";
+  return createPayroll(path, [](ado::Connection& connection) {
+    schema::create(connection);
+    schema::fillDemo(connection);
+  });
+}
+
+/// Employees whose one live attendance sheet is the whole month's: nothing keeps the clerk from saving
+/// theirs.
+std::map<std::int64_t, bool> wholeMonthSheets(ado::Connection& connection) {
+  const DemoMonth month;
+  std::map<std::int64_t, bool> whole;
+  ado::Recordset sheets = connection.Execute(
+      "select eaEmpID, eaStartDate, eaEndDate from pEmployeeattendence where eacompanyid = 1 and eaCancelled "
+      "= 0"
+      " and eaEndDate >= '2026/04/01' and eaStartDate <= '2026/04/30'");
+  for (; !sheets.Eof(); sheets.MoveNext()) {
+    const std::int64_t employee = std::get<std::int64_t>(sheets.Fields("eaEmpID").Value());
+    const bool covers = std::get<Date>(sheets.Fields("eaStartDate").Value()) <= month.first &&
+                        std::get<Date>(sheets.Fields("eaEndDate").Value()) >= month.last;
+    const bool first = !whole.contains(employee);
+    whole[employee] = first && covers;
+  }
+  return whole;
+}
+
+/// The first employee of the demo month who still has no entry; empty when all have one.
+std::string nextEmployee(ado::Connection& connection) {
+  const auto whole = wholeMonthSheets(connection);
+  ado::Recordset employees = connection.Execute(
+      "select eEmpID, eName from pemployee where eCompanyID = 1 and eActive = 1 and eDateofJoin <= "
+      "'2026/04/01'"
+      " and eEmpID not in (select emhempID from pempmonthlyentryheader where month(emhDate) = 4"
+      " and year(emhDate) = 2026 and emhCompanyID = 1 and emhCancelled = 0) order by eEmpID");
+  for (; !employees.Eof(); employees.MoveNext()) {
+    const auto sheet = whole.find(std::get<std::int64_t>(employees.Fields("eEmpID").Value()));
+    if (sheet != whole.end() && sheet->second) return employees.Fields("eName").Text();
+  }
+  return {};
+}
+
+scripted::Errand walkFor(const std::string& employee) {
+  std::string text(demoErrand());
+  const std::string place = employeePlaceholder;
+  for (std::size_t at = text.find(place); at != std::string::npos;
+       at = text.find(place, at + employee.size()))
+    text.replace(at, place.size(), employee);
+  return scripted::Errand::parse(text, "demo.errand");
+}
+
+void printLatestEntry(ado::Connection& connection, std::ostream& out) {
+  ado::Recordset latest =
+      connection.Execute("select max(emhID) latest from pempmonthlyentryheader where emhCompanyID = 1");
+  const std::string id = latest.Eof() ? std::string() : latest.Fields("latest").Text();
+  if (id.empty()) return;
+  out << "\nWhat the database holds of it:\n";
+  printRows(out, "Header", connection,
+            "select emhID, emhNo, emhDate, eName, emhbasicpay, emhpaidcash, emhstartdate, emhenddate,"
+            " emhOrginalBasic from pempmonthlyentryheader, pemployee where emhCompanyID = eCompanyid"
+            " and emhempID = eEmpID and emhCompanyID = 1 and emhID = " +
+                id);
+  printRows(out, "Allowances", connection,
+            "select eadallowanceid, aDescription, eadamount, eaddefault from pemployeeallowancedetail,"
+            " pAllowances where eadcompanyid = aCompanyID and eadallowanceid = aAllowanceID"
+            " and eadcompanyid = 1 and eadid = " +
+                id + " order by eadallowanceid");
+  printRows(out, "Deductions", connection,
+            "select eddDetailID, eddType, edddeductionid, eddloanid, eddsavingsid, eddamount"
+            " from pemployeeDeductiondetail where eddcompanyid = 1 and eddid = " +
+                id + " order by eddDetailID");
+}
+
+ExitCode walk(const SharedConnection& connection, Screen& screen, std::ostream& out) {
+  const std::string employee = nextEmployee(*connection);
+  if (employee.empty()) {
+    out << "Every employee of the month has an entry: there is nothing left to enter.\n";
+  } else {
+    out << "Nobody is in front of the screen: the clerk enters " << employee << ".\n";
+    if (!perform(walkFor(employee), connection, screen, out)) return ExitCode::Failed;
+  }
+  printLatestEntry(*connection, out);
+  return ExitCode::Ok;
+}
+
+void saveScreensTo(const std::string& folder, Screen& screen) {
+  std::error_code failed;
+  std::filesystem::create_directories(folder, failed);
+  if (failed) throw Refusal("The folder " + folder + " cannot be made: " + failed.message() + ".");
+  screen.saveScreens(folder);
+}
+
+}  // namespace
+
+ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out) {
+  const SharedConnection connection = demoDatabase(wish.database, out);
+  requireCompany(*connection, demoSession().company);
+  const auto screen = makeScreen();
+  if (!wish.screens.empty() || !screen->isSeen())
+    saveScreensTo(wish.screens.empty() ? usualScreens : wish.screens, *screen);
+  if (!screen->isSeen()) return walk(connection, *screen, out);
+  makeComponent(screen->desktop(), connection, demoSession()).Show();
+  return ExitCode::Ok;
+}
+
+}  // namespace payslate::host
