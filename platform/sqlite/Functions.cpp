@@ -1,0 +1,181 @@
+// Adapters between the database's calls and the run-time library.
+#include "platform/sqlite/Functions.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <exception>
+#include <span>
+#include <vector>
+
+#include "platform/sqlite/Session.h"
+#include "platform/tsql/Generator.h"
+#include "platform/tsql/Runtime.h"
+#include "platform/tsql/Text.h"
+
+namespace payslate::sqlite {
+
+namespace {
+
+using tsql::Cell;
+
+/// What a registered function is given: the library's entry, and where its errors go.
+template <typename Entry>
+struct Binding {
+  const Entry* entry;
+  Session* session;
+};
+
+template <typename Entry>
+void destroyBinding(void* binding) {
+  delete static_cast<Binding<Entry>*>(binding);
+}
+
+Cell cellOf(sqlite3_value* value) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+      return static_cast<std::int64_t>(sqlite3_value_int64(value));
+    case SQLITE_FLOAT:
+      return sqlite3_value_double(value);
+    case SQLITE_TEXT: {
+      const auto* bytes = static_cast<const char*>(static_cast<const void*>(sqlite3_value_text(value)));
+      return std::string(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    }
+    default:
+      return {};
+  }
+}
+
+void giveResult(sqlite3_context* context, const Cell& result) {
+  if (const auto* whole = std::get_if<std::int64_t>(&result)) {
+    sqlite3_result_int64(context, *whole);
+  } else if (const auto* number = std::get_if<double>(&result)) {
+    sqlite3_result_double(context, *number);
+  } else if (const auto* text = std::get_if<std::string>(&result)) {
+    sqlite3_result_text64(context, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } else {
+    sqlite3_result_null(context);
+  }
+}
+
+// No exception may cross the database; it is kept, and thrown again by the statement that failed.
+template <typename Body>
+void guarded(sqlite3_context* context, Session& session, Body body) {
+  try {
+    body();
+  } catch (const tsql::SqlError& error) {
+    session.functionError = error;
+    sqlite3_result_error(context, error.what(), -1);
+  } catch (const std::exception& error) {
+    session.functionError = tsql::SqlError(tsql::state::general, error.what());
+    sqlite3_result_error(context, error.what(), -1);
+  }
+}
+
+void callFunction(sqlite3_context* context, int count, sqlite3_value** values) {
+  using Entry = Binding<tsql::RuntimeFunction>;
+  const Entry& binding = *static_cast<Entry*>(sqlite3_user_data(context));
+  guarded(context, *binding.session, [&] {
+    constexpr std::size_t usual = 6;
+    const auto size = static_cast<std::size_t>(count);
+    std::array<Cell, usual> few;
+    std::vector<Cell> many(size > usual ? size : 0);
+    const std::span<Cell> cells = size > usual ? std::span<Cell>(many) : std::span<Cell>(few).first(size);
+    for (std::size_t i = 0; i < size; ++i) cells[i] = cellOf(values[i]);
+    giveResult(context, tsql::callRuntime(*binding.entry, cells));
+  });
+}
+
+using AggregateBinding = Binding<tsql::RuntimeAggregate>;
+
+// The database keeps one pointer for a group; the fold behind it is made on the first row.
+tsql::Accumulator* accumulator(sqlite3_context* context, const AggregateBinding& binding) {
+  auto** slot =
+      static_cast<tsql::Accumulator**>(sqlite3_aggregate_context(context, sizeof(tsql::Accumulator*)));
+  if (slot == nullptr) throw std::bad_alloc();
+  if (*slot == nullptr) *slot = binding.entry->create().release();
+  return *slot;
+}
+
+void stepAggregate(sqlite3_context* context, int, sqlite3_value** values) {
+  const AggregateBinding& binding = *static_cast<AggregateBinding*>(sqlite3_user_data(context));
+  guarded(context, *binding.session, [&] {
+    tsql::Accumulator* fold = accumulator(context, binding);
+    const Cell value = cellOf(values[0]);
+    if (binding.entry->takesNull || !tsql::isNull(value)) fold->add(value);
+  });
+}
+
+void finishAggregate(sqlite3_context* context) {
+  const AggregateBinding& binding = *static_cast<AggregateBinding*>(sqlite3_user_data(context));
+  auto** slot = static_cast<tsql::Accumulator**>(sqlite3_aggregate_context(context, 0));
+  std::unique_ptr<tsql::Accumulator> fold(slot == nullptr ? nullptr : *slot);
+  if (slot != nullptr) *slot = nullptr;
+  guarded(context, *binding.session, [&] {
+    if (!fold) fold = binding.entry->create();
+    giveResult(context, fold->result());
+  });
+}
+
+std::string_view view(int size, const void* bytes) {
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(size)};
+}
+
+int compareTexts(void*, int leftSize, const void* left, int rightSize, const void* right) {
+  return tsql::compareText(view(leftSize, left), view(rightSize, right));
+}
+
+/// A stored decimal: no blanks, no plus, no superfluous zeros in front.
+struct DecimalText {
+  bool negative;
+  std::string_view whole;
+  std::string_view fraction;
+
+  explicit DecimalText(std::string_view text) : negative(!text.empty() && text.front() == '-') {
+    if (negative) text.remove_prefix(1);
+    const std::size_t period = text.find('.');
+    whole = text.substr(0, period);
+    fraction = period == std::string_view::npos ? "" : text.substr(period + 1);
+    while (!fraction.empty() && fraction.back() == '0') fraction.remove_suffix(1);
+  }
+};
+
+int compareDecimals(void*, int leftSize, const void* left, int rightSize, const void* right) {
+  const DecimalText a(view(leftSize, left));
+  const DecimalText b(view(rightSize, right));
+  if (a.negative != b.negative) return a.negative ? -1 : 1;
+  int order = 0;
+  if (a.whole.size() != b.whole.size()) {
+    order = a.whole.size() < b.whole.size() ? -1 : 1;
+  } else if (order = a.whole.compare(b.whole); order == 0) {
+    order = a.fraction.compare(b.fraction);
+  }
+  return a.negative ? -order : order;
+}
+
+}  // namespace
+
+void registerFunctions(sqlite3* handle, Session& session) {
+  const auto check = [&](int code) {
+    if (code != SQLITE_OK) throw session.error(code);
+  };
+  for (const tsql::RuntimeFunction& function : tsql::runtimeFunctions()) {
+    const std::string name(function.name);
+    const int flags = SQLITE_UTF8 | (function.constant ? SQLITE_DETERMINISTIC : 0);
+    check(sqlite3_create_function_v2(handle, name.c_str(), function.arguments, flags,
+                                     new Binding<tsql::RuntimeFunction>{&function, &session}, callFunction,
+                                     nullptr, nullptr, destroyBinding<tsql::RuntimeFunction>));
+  }
+  for (const tsql::RuntimeAggregate& aggregate : tsql::runtimeAggregates()) {
+    const std::string name(aggregate.name);
+    check(sqlite3_create_function_v2(handle, name.c_str(), 1, SQLITE_UTF8,
+                                     new AggregateBinding{&aggregate, &session}, nullptr, stepAggregate,
+                                     finishAggregate, destroyBinding<tsql::RuntimeAggregate>));
+  }
+  check(
+      sqlite3_create_collation_v2(handle, tsql::textCollation, SQLITE_UTF8, nullptr, compareTexts, nullptr));
+  check(sqlite3_create_collation_v2(handle, tsql::decimalCollation, SQLITE_UTF8, nullptr, compareDecimals,
+                                    nullptr));
+}
+
+}  // namespace payslate::sqlite

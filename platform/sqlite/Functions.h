@@ -1,0 +1,13 @@
+// The run-time library as functions, aggregates and collations of a database handle.
+#pragma once
+
+struct sqlite3;
+
+namespace payslate::sqlite {
+
+class Session;
+
+/// `session` receives the errors that functions throw; it outlives the handle's statements.
+void registerFunctions(sqlite3* handle, Session& session);
+
+}  // namespace payslate::sqlite

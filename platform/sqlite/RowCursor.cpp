@@ -1,0 +1,82 @@
+// Stepping and reading ahead.
+#include "platform/sqlite/RowCursor.h"
+
+#include "platform/sqlite/Values.h"
+
+namespace payslate::sqlite {
+
+RowCursor::RowCursor(Session& session, std::unique_ptr<Statement> statement,
+                     const std::vector<tsql::OutputColumn>& columns)
+    : session_(&session), statement_(std::move(statement)) {
+  columns_.reserve(columns.size());
+  for (const tsql::OutputColumn& column : columns) columns_.push_back({column.name, columnType(column.type)});
+  session.enter(*this);
+}
+
+RowCursor::~RowCursor() {
+  if (session_ != nullptr) session_->leave(*this);
+}
+
+bool RowCursor::next() {
+  switch (state_) {
+    case State::Detached:
+      throw ado::Error("The connection of these rows is closed.", "08003", "payslate.sqlite");
+    case State::Done:
+      return false;
+    case State::Settled:
+      if (!pending_.empty()) {
+        current_ = std::move(pending_.front());
+        pending_.pop_front();
+        return true;
+      }
+      state_ = State::Done;
+      if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+      return false;
+    case State::Fresh:
+    case State::Stepping:
+      break;
+  }
+  state_ = State::Done;  // Where an error leaves it.
+  if (!statement_->step()) {
+    statement_.reset();
+    return false;
+  }
+  state_ = State::Stepping;
+  return true;
+}
+
+basic::Value RowCursor::value(std::size_t column) const {
+  if (column >= columns_.size() || (state_ != State::Stepping && state_ != State::Settled)) {
+    throw ado::Error("There is no current row to read from.", tsql::state::general, "payslate.sqlite");
+  }
+  if (state_ == State::Settled) return current_[column];
+  return toValue(statement_->column(column), columns_[column].type);
+}
+
+RowCursor::Row RowCursor::readRow() const {
+  Row row;
+  row.reserve(columns_.size());
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    row.push_back(toValue(statement_->column(i), columns_[i].type));
+  return row;
+}
+
+void RowCursor::settle() {
+  if (state_ != State::Stepping) return;
+  current_ = readRow();
+  try {
+    while (statement_->step()) pending_.push_back(readRow());
+  } catch (const ado::Error&) {
+    failure_ = std::current_exception();
+  }
+  statement_.reset();
+  state_ = State::Settled;
+}
+
+void RowCursor::detach() {
+  statement_.reset();
+  session_ = nullptr;
+  state_ = State::Detached;
+}
+
+}  // namespace payslate::sqlite

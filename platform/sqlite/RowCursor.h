@@ -1,0 +1,47 @@
+// The rows of one statement, stepped one at a time.
+#pragma once
+
+#include <deque>
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "platform/ado/Provider.h"
+#include "platform/sqlite/Session.h"
+#include "platform/tsql/Ast.h"
+
+namespace payslate::sqlite {
+
+class RowCursor : public ado::Cursor {
+ public:
+  RowCursor(Session& session, std::unique_ptr<Statement> statement,
+            const std::vector<tsql::OutputColumn>& columns);
+  ~RowCursor() override;
+  RowCursor(const RowCursor&) = delete;
+  RowCursor& operator=(const RowCursor&) = delete;
+
+  [[nodiscard]] const std::vector<ado::Column>& columns() const override { return columns_; }
+  bool next() override;
+  [[nodiscard]] basic::Value value(std::size_t column) const override;
+
+  /// Reads the remaining rows into memory and lets go of the database. Nothing to do before the first row.
+  void settle();
+  /// Its database goes away.
+  void detach();
+
+ private:
+  using Row = std::vector<basic::Value>;
+  enum class State { Fresh, Stepping, Settled, Done, Detached };
+
+  [[nodiscard]] Row readRow() const;
+
+  Session* session_;
+  std::unique_ptr<Statement> statement_;
+  std::vector<ado::Column> columns_;
+  State state_ = State::Fresh;
+  Row current_;                 // Settled cursors only.
+  std::deque<Row> pending_;     // Likewise.
+  std::exception_ptr failure_;  // What stopped the reading ahead; raised behind the pending rows.
+};
+
+}  // namespace payslate::sqlite

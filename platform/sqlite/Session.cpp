@@ -1,0 +1,226 @@
+// The database handle and its errors.
+#include "platform/sqlite/Session.h"
+
+#include <sqlite3.h>
+
+#include <array>
+
+#include "platform/sqlite/Functions.h"
+#include "platform/sqlite/RowCursor.h"
+
+namespace payslate::sqlite {
+
+namespace {
+
+constexpr std::size_t mostIdleStatements = 256;
+constexpr const char* source = "payslate.sqlite";
+constexpr int primaryCodeMask = 0xff;
+
+std::string afterColon(const std::string& message) {
+  const std::size_t colon = message.find(": ");
+  return colon == std::string::npos ? message : message.substr(colon + 2);
+}
+
+std::string constraintSentence(int code, const std::string& message) {
+  const std::string what = afterColon(message);
+  switch (code) {
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return "The column '" + what + "' must not be Null.";
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      return "There is a row with the same values already (" + what + "): they must be unique.";
+    case SQLITE_CONSTRAINT_CHECK:
+      return "A value is refused by the table's check " + what + ".";
+    default:
+      return "A value is refused by the table: " + message + ".";
+  }
+}
+
+}  // namespace
+
+ado::Error toAdoError(const tsql::SqlError& error) {
+  return {error.what(), error.sqlState(), "payslate.tsql"};
+}
+
+Statement::Statement(Session& session, std::string sql, sqlite3_stmt* handle)
+    : session_(session), sql_(std::move(sql)), handle_(handle) {}
+
+Statement::~Statement() {
+  session_.giveBack(sql_, handle_);
+}
+
+void Statement::bind(std::size_t index, const tsql::Cell& value) {
+  const int at = static_cast<int>(index);
+  int code = SQLITE_OK;
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    code = sqlite3_bind_int64(handle_, at, *whole);
+  } else if (const auto* number = std::get_if<double>(&value)) {
+    code = sqlite3_bind_double(handle_, at, *number);
+  } else if (const auto* text = std::get_if<std::string>(&value)) {
+    code = sqlite3_bind_text64(handle_, at, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } else {
+    code = sqlite3_bind_null(handle_, at);
+  }
+  // A parameter that the statement does not use is no error.
+  if (code != SQLITE_OK && code != SQLITE_RANGE) throw session_.error(code);
+}
+
+void Statement::bind(const std::vector<tsql::Cell>& values) {
+  for (std::size_t i = 0; i < values.size(); ++i) bind(i + 1, values[i]);
+}
+
+bool Statement::step() {
+  session_.functionError.reset();
+  const int code = sqlite3_step(handle_);
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) {
+    reset();
+    return false;
+  }
+  const ado::Error error = session_.error(code);
+  reset();
+  throw error;
+}
+
+void Statement::reset() {
+  sqlite3_reset(handle_);
+}
+
+tsql::Cell Statement::column(std::size_t index) const {
+  const int at = static_cast<int>(index);
+  switch (sqlite3_column_type(handle_, at)) {
+    case SQLITE_INTEGER:
+      return static_cast<std::int64_t>(sqlite3_column_int64(handle_, at));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(handle_, at);
+    case SQLITE_TEXT: {
+      const auto* bytes =
+          static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(handle_, at)));
+      return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(handle_, at)));
+    }
+    default:
+      return {};
+  }
+}
+
+Session::Session(const std::string& path, bool create, int busyMilliseconds) {
+  const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_EXRESCODE;
+  const int code = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
+  try {
+    if (code != SQLITE_OK) throw error(code);
+    sqlite3_busy_timeout(handle_, busyMilliseconds);
+    // A quoted name that does not exist is an error, and never a text.
+    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    registerFunctions(handle_, *this);
+  } catch (...) {
+    sqlite3_close(handle_);
+    throw;
+  }
+}
+
+Session::~Session() {
+  // Cursors that are still about give their statements back here, before the handle goes.
+  for (RowCursor* cursor : std::set<RowCursor*>(cursors_)) cursor->detach();
+  dropIdleStatements();
+  sqlite3_close_v2(handle_);
+}
+
+std::unique_ptr<Statement> Session::prepare(const std::string& sql) {
+  if (const auto found = idle_.find(sql); found != idle_.end()) {
+    sqlite3_stmt* handle = found->second;
+    idle_.erase(found);
+    return std::make_unique<Statement>(*this, sql, handle);
+  }
+  sqlite3_stmt* handle = nullptr;
+  functionError.reset();
+  const int code = sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
+  if (code != SQLITE_OK) throw error(code);
+  return std::make_unique<Statement>(*this, sql, handle);
+}
+
+void Session::giveBack(const std::string& sql, sqlite3_stmt* handle) {
+  sqlite3_reset(handle);
+  sqlite3_clear_bindings(handle);
+  if (idle_.size() >= mostIdleStatements) dropIdleStatements();
+  idle_.emplace(sql, handle);
+}
+
+void Session::dropIdleStatements() {
+  for (const auto& [sql, handle] : idle_) sqlite3_finalize(handle);
+  idle_.clear();
+}
+
+void Session::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
+  const std::unique_ptr<Statement> statement = prepare(sql);
+  statement->bind(values);
+  try {
+    while (statement->step()) {
+    }
+  } catch (const ado::Error& error) {
+    if (error.NativeError != SQLITE_BUSY_SNAPSHOT || cursors_.empty()) throw;
+    settleCursors();
+    while (statement->step()) {
+    }
+  }
+}
+
+std::int64_t Session::number(const std::string& sql) {
+  const std::unique_ptr<Statement> statement = prepare(sql);
+  if (!statement->step()) return 0;
+  const tsql::Cell value = statement->column(0);
+  const auto* whole = std::get_if<std::int64_t>(&value);
+  return whole == nullptr ? 0 : *whole;
+}
+
+std::int64_t Session::changedRows() const {
+  return sqlite3_changes64(handle_);
+}
+
+bool Session::inTransaction() const {
+  return sqlite3_get_autocommit(handle_) == 0;
+}
+
+void Session::settleCursors() {
+  for (RowCursor* cursor : cursors_) cursor->settle();
+}
+
+ado::Error Session::error(int code) {
+  if (functionError) {
+    const ado::Error thrown = toAdoError(*functionError);
+    functionError.reset();
+    return thrown;
+  }
+  const std::string message = handle_ != nullptr ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
+  const auto made = [&](const std::string& description, const char* sqlState) {
+    return ado::Error(description, sqlState, source, 0, code);
+  };
+  switch (code & primaryCodeMask) {
+    case SQLITE_CONSTRAINT:
+      return made(constraintSentence(code, message), tsql::state::constraint);
+    case SQLITE_BUSY:
+      return made("The database is locked by another user. Try again in a moment.", "HYT00");
+    case SQLITE_NOTADB:
+      return made("The file is not a database.", tsql::state::general);
+    case SQLITE_CANTOPEN:
+      return made("The database file cannot be opened.", "08001");
+    case SQLITE_READONLY:
+      return made("The database file cannot be written.", "25006");
+    case SQLITE_FULL:
+      return made("The disk is full.", tsql::state::general);
+    default:
+      break;
+  }
+  // The database's own parser gives up on expressions that nest too deep.
+  for (const char* limit : {"parser stack overflow", "maximum depth", "too many"}) {
+    if (message.find(limit) != std::string::npos) {
+      return made("The statement is nested too deeply, or is too large (" + message + ").",
+                  tsql::state::syntax);
+    }
+  }
+  return made(message, tsql::state::general);
+}
+
+}  // namespace payslate::sqlite

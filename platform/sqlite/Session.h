@@ -1,0 +1,84 @@
+// One open database file: its handle, its prepared statements, and who is reading from it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/Error.h"
+#include "platform/tsql/Cell.h"
+#include "platform/tsql/SqlError.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace payslate::sqlite {
+
+class Session;
+class RowCursor;
+
+/// A prepared statement, lent by a session; goes back there, reset, when it is destroyed.
+class Statement {
+ public:
+  Statement(Session& session, std::string sql, sqlite3_stmt* handle);
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  void bind(std::size_t index, const tsql::Cell& value);  ///< index from 1
+  void bind(const std::vector<tsql::Cell>& values);
+  bool step();   ///< True when there is a row; ado::Error when it fails, after which it is reset.
+  void reset();  ///< Gives up the row and the read lock.
+  [[nodiscard]] tsql::Cell column(std::size_t index) const;  ///< index from 0
+
+ private:
+  Session& session_;
+  std::string sql_;
+  sqlite3_stmt* handle_;
+};
+
+/// Everything that one connection shares with its cursors. Not for several threads at once.
+class Session {
+ public:
+  /// Opens the file; makes it when `create` says so. `busyMilliseconds` is how long a lock is waited for.
+  Session(const std::string& path, bool create, int busyMilliseconds);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// Statements are prepared once by text and used again. ado::Error when the database refuses it.
+  std::unique_ptr<Statement> prepare(const std::string& sql);
+  /// Runs a statement that returns no rows.
+  void run(const std::string& sql, const std::vector<tsql::Cell>& values = {});
+  std::int64_t number(const std::string& sql);  ///< The one number that it gives.
+  [[nodiscard]] std::int64_t changedRows() const;
+  [[nodiscard]] bool inTransaction() const;
+
+  /// Cursors that are between two rows hold a view of the past, which must not stand in the way of a write:
+  /// their remaining rows are read into memory.
+  void settleCursors();
+  void enter(RowCursor& cursor) { cursors_.insert(&cursor); }
+  void leave(RowCursor& cursor) { cursors_.erase(&cursor); }
+  void dropIdleStatements();
+
+  /// The error behind a failed call of the database.
+  [[nodiscard]] ado::Error error(int code);
+  std::optional<tsql::SqlError> functionError;  ///< What a run-time function threw, until it is reported.
+
+ private:
+  friend class Statement;
+  void giveBack(const std::string& sql, sqlite3_stmt* handle);
+
+  sqlite3* handle_ = nullptr;
+  std::multimap<std::string, sqlite3_stmt*, std::less<>> idle_;
+  std::set<RowCursor*> cursors_;
+};
+
+ado::Error toAdoError(const tsql::SqlError& error);
+
+}  // namespace payslate::sqlite

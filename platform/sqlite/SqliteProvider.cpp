@@ -1,0 +1,277 @@
+// The provider: statements by way of the translator, rows of a table by way of its columns.
+#include "platform/sqlite/SqliteProvider.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <unordered_map>
+
+#include "platform/basic/Numbers.h"
+#include "platform/sqlite/RowCursor.h"
+#include "platform/sqlite/Session.h"
+#include "platform/sqlite/StoredCatalog.h"
+#include "platform/sqlite/Values.h"
+#include "platform/tsql/Generator.h"
+#include "platform/tsql/Translator.h"
+
+namespace payslate::sqlite {
+
+namespace {
+
+constexpr const char* source = "payslate.sqlite";
+constexpr const char* memoryPath = ":memory:";
+constexpr int defaultBusyMilliseconds = 5000;
+constexpr std::size_t mostTranslations = 1000;
+
+/// PATH;Create=True;BusyTimeout=milliseconds
+struct Options {
+  std::string path;
+  bool create = false;
+  int busyMilliseconds = defaultBusyMilliseconds;
+};
+
+[[noreturn]] void refuse(const std::string& sentence, const char* sqlState = "08001") {
+  throw ado::Error(sentence, sqlState, source);
+}
+
+Options parseOptions(const std::string& connection) {
+  Options options;
+  std::size_t end = connection.find(';');
+  options.path = basic::Trim(connection.substr(0, end));
+  while (end != std::string::npos) {
+    const std::size_t start = end + 1;
+    end = connection.find(';', start);
+    const std::string option =
+        basic::Trim(connection.substr(start, end == std::string::npos ? end : end - start));
+    if (option.empty()) continue;
+    const std::size_t sign = option.find('=');
+    const std::string name = basic::lower(basic::Trim(option.substr(0, sign)));
+    const std::string value =
+        sign == std::string::npos ? "" : basic::lower(basic::Trim(option.substr(sign + 1)));
+    if (name == "create" && (value == "true" || value == "false")) {
+      options.create = value == "true";
+    } else if (name == "busytimeout" && basic::IsNumeric(value)) {
+      options.busyMilliseconds = basic::CLng(basic::Value(value));
+    } else {
+      refuse("The option '" + option + "' of the connection string is not known.");
+    }
+  }
+  return options;
+}
+
+void checkFile(const Options& options) {
+  if (options.path == memoryPath) return;
+  std::error_code ignored;  // A path that cannot be looked at counts as missing.
+  if (options.path.empty() || !std::filesystem::exists(options.path, ignored)) {
+    if (!options.create || options.path.empty()) refuse("There is no database file '" + options.path + "'.");
+    return;
+  }
+  const bool file = std::filesystem::is_regular_file(options.path, ignored);
+  if (!file || (!options.create && std::filesystem::file_size(options.path, ignored) == 0)) {
+    refuse("'" + options.path + "' is not a database file.");
+  }
+}
+
+class SqliteProvider : public ado::Provider {
+ public:
+  explicit SqliteProvider(const Options& options)
+      : session_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
+        translator_(catalog_) {
+    try {
+      session_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
+      StoredCatalog::prepare(session_);
+    } catch (const ado::Error& error) {
+      throw ado::Error("'" + options.path + "' cannot be opened: " + error.Description, "08001", source,
+                       error.Number, error.NativeError);
+    }
+    session_.run("PRAGMA journal_mode = WAL");
+    session_.run("PRAGMA synchronous = FULL");
+    reload();
+  }
+
+  std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
+    const std::shared_ptr<const tsql::Translation> translation = translated(statement);
+    if (translation->change) {
+      changeSchema(*translation);
+      return nullptr;
+    }
+    if (!translation->returnsRows) {
+      session_.run(translation->sql.front(), translation->bindings);
+      return nullptr;
+    }
+    std::unique_ptr<Statement> prepared = session_.prepare(translation->sql.front());
+    prepared->bind(translation->bindings);
+    return std::make_unique<RowCursor>(session_, std::move(prepared), translation->columns);
+  }
+
+  void begin() override {
+    if (session_.inTransaction()) refuse("A transaction is open already.", "25001");
+    session_.run("BEGIN IMMEDIATE");
+  }
+
+  void commit() override {
+    if (!session_.inTransaction()) refuse("There is no transaction to commit.", "25000");
+    session_.run("COMMIT");
+    schemaTouched_ = false;
+  }
+
+  void rollback() override {
+    if (!session_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
+    session_.settleCursors();
+    session_.run("ROLLBACK");
+    if (std::exchange(schemaTouched_, false)) reload();
+  }
+
+  std::optional<ado::BaseTable> baseTable(std::string_view statement) override {
+    const std::shared_ptr<const tsql::Translation> translation = translated(statement);
+    if (!translation->baseTable) return std::nullopt;
+    const tsql::TableInfo& info = *catalog_.table(*translation->baseTable);
+    ado::BaseTable table;
+    table.name = info.name;
+    std::vector<const tsql::ColumnInfo*> key;
+    for (const tsql::ColumnInfo& column : info.columns) {
+      table.columns.push_back({column.name, columnType(column.type)});
+      if (column.keyPosition > 0) key.push_back(&column);
+    }
+    std::sort(key.begin(), key.end(),
+              [](const auto* a, const auto* b) { return a->keyPosition < b->keyPosition; });
+    for (const tsql::ColumnInfo* column : key) table.key.push_back(column->name);
+    return table;
+  }
+
+  void insert(const ado::BaseTable& table, const std::vector<ado::Assignment>& row) override {
+    const tsql::TableInfo& info = current(table);
+    if (row.empty()) return session_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
+    std::string names;
+    std::string places;
+    std::vector<tsql::Cell> values;
+    for (const ado::Assignment& assignment : row) {
+      const tsql::ColumnInfo& column = required(info, assignment.column);
+      values.push_back(stored(info, column, assignment.value));
+      names += (names.empty() ? "" : ", ") + tsql::quotedName(column.name);
+      places += (places.empty() ? "?" : ", ?") + std::to_string(values.size());
+    }
+    session_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
+                 values);
+  }
+
+  void update(const ado::BaseTable& table, const std::vector<ado::Assignment>& key,
+              const std::vector<ado::Assignment>& row) override {
+    const tsql::TableInfo& info = current(table);
+    if (key.empty())
+      refuse("The table '" + info.name + "' has no primary key to find the row by.", tsql::state::general);
+    if (row.empty()) return;
+    std::vector<tsql::Cell> values;
+    const auto listed = [&](const std::vector<ado::Assignment>& assignments, const std::string& between) {
+      std::string list;
+      for (const ado::Assignment& assignment : assignments) {
+        const tsql::ColumnInfo& column = required(info, assignment.column);
+        values.push_back(stored(info, column, assignment.value));
+        list += (list.empty() ? "" : between) + tsql::quotedName(column.name) + " = ?" +
+                std::to_string(values.size());
+      }
+      return list;
+    };
+    const std::string assignments = listed(row, ", ");
+    const std::string condition = listed(key, " AND ");
+    session_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
+                 values);
+    if (session_.changedRows() == 0) {
+      refuse("The row of '" + info.name + "' is not there any more: another user has deleted it.", "HY000");
+    }
+  }
+
+ private:
+  // Translations are kept by text for as long as the catalog stays what it is.
+  std::shared_ptr<const tsql::Translation> translated(std::string_view statement) {
+    if (session_.number("PRAGMA user_version") != version_) reload();
+    std::string text(statement);
+    if (const auto known = translations_.find(text); known != translations_.end()) return known->second;
+    try {
+      auto translation = std::make_shared<const tsql::Translation>(translator_.translate(statement));
+      if (translation->change) return translation;
+      if (translations_.size() >= mostTranslations) translations_.clear();
+      translations_.emplace(std::move(text), translation);
+      return translation;
+    } catch (const tsql::SqlError& error) {
+      throw toAdoError(error);
+    }
+  }
+
+  void reload() {
+    translations_.clear();
+    translator_.schemaChanged();
+    session_.dropIdleStatements();
+    version_ = session_.number("PRAGMA user_version");
+    catalog_.load(session_);
+  }
+
+  // All of it or nothing, inside a transaction or outside of one.
+  void changeSchema(const tsql::Translation& translation) {
+    session_.settleCursors();
+    const bool inside = session_.inTransaction();
+    session_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
+    try {
+      for (const std::string& sql : translation.sql) session_.run(sql);
+      StoredCatalog::record(session_, *translation.change);
+      const std::int64_t next = session_.number("PRAGMA user_version") + 1;
+      session_.run("PRAGMA user_version = " + std::to_string(next));
+    } catch (const ado::Error&) {
+      session_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
+      if (inside) session_.run("RELEASE schema_change");
+      throw;
+    }
+    session_.run(inside ? "RELEASE schema_change" : "COMMIT");
+    schemaTouched_ = inside;
+    reload();
+  }
+
+  const tsql::TableInfo& current(const ado::BaseTable& table) {
+    if (session_.number("PRAGMA user_version") != version_) reload();
+    const tsql::TableInfo* info = catalog_.table(table.name);
+    if (info == nullptr) refuse("There is no table '" + table.name + "'.", tsql::state::noSuchTable);
+    return *info;
+  }
+
+  static const tsql::ColumnInfo& required(const tsql::TableInfo& table, const std::string& name) {
+    const tsql::ColumnInfo* column = table.column(name);
+    if (column == nullptr) {
+      refuse("The table '" + table.name + "' has no column '" + name + "'.", tsql::state::noSuchColumn);
+    }
+    return *column;
+  }
+
+  static tsql::Cell stored(const tsql::TableInfo& table, const tsql::ColumnInfo& column,
+                           const basic::Value& value) {
+    try {
+      return toStored(value, column, table.name);
+    } catch (const tsql::SqlError& error) {
+      throw toAdoError(error);
+    }
+  }
+
+  Session session_;
+  StoredCatalog catalog_;
+  tsql::Translator translator_;
+  std::unordered_map<std::string, std::shared_ptr<const tsql::Translation>> translations_;
+  std::int64_t version_ = 0;
+  bool schemaTouched_ = false;
+};
+
+}  // namespace
+
+ado::ProviderEntry providerEntry() {
+  ado::ProviderEntry entry;
+  entry.name = "embedded";
+  entry.accepts = [](std::string_view connection) {
+    return connection.substr(0, connection.find(';')).find('=') == std::string_view::npos;
+  };
+  entry.open = [](const std::string& connection) -> std::unique_ptr<ado::Provider> {
+    const Options options = parseOptions(connection);
+    checkFile(options);
+    return std::make_unique<SqliteProvider>(options);
+  };
+  return entry;
+}
+
+}  // namespace payslate::sqlite

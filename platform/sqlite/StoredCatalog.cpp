@@ -1,0 +1,125 @@
+// Two tables: objects, and the columns of tables with their Transact-SQL types.
+#include "platform/sqlite/StoredCatalog.h"
+
+#include "platform/tsql/Parser.h"
+#include "platform/tsql/ParserBase.h"
+
+namespace payslate::sqlite {
+
+namespace {
+
+using tsql::Cell;
+
+constexpr const char* objectsTable =
+    "CREATE TABLE catalog_objects (key TEXT NOT NULL PRIMARY KEY, kind TEXT NOT NULL, name TEXT NOT NULL, "
+    "text TEXT) STRICT, WITHOUT ROWID";
+constexpr const char* columnsTable =
+    "CREATE TABLE catalog_columns (object TEXT NOT NULL, ordinal INT NOT NULL, name TEXT NOT NULL, type TEXT "
+    "NOT NULL, "
+    "not_null INT NOT NULL, key_position INT NOT NULL, PRIMARY KEY (object, ordinal)) STRICT, WITHOUT ROWID";
+
+const char* kindName(tsql::ObjectKind kind) {
+  switch (kind) {
+    case tsql::ObjectKind::Table:
+      return "table";
+    case tsql::ObjectKind::View:
+      return "view";
+    case tsql::ObjectKind::Procedure:
+      return "procedure";
+    case tsql::ObjectKind::Index:
+      return "index";
+  }
+  return "";
+}
+
+template <typename Map>
+auto* found(Map& map, std::string_view name) {
+  const auto entry = map.find(tsql::lowerWord(name));
+  return entry == map.end() ? nullptr : &entry->second;
+}
+
+void recordColumns(Session& session, const std::string& key, const tsql::TableInfo& table) {
+  session.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    const tsql::ColumnInfo& column = table.columns[i];
+    session.run("INSERT INTO catalog_columns VALUES (?1, ?2, ?3, ?4, ?5, ?6)",
+                {key, static_cast<std::int64_t>(i), column.name, column.type.text(),
+                 std::int64_t{column.notNull}, std::int64_t{column.keyPosition}});
+  }
+}
+
+}  // namespace
+
+const tsql::TableInfo* StoredCatalog::table(std::string_view name) const {
+  return found(tables_, name);
+}
+const std::string* StoredCatalog::viewText(std::string_view name) const {
+  return found(views_, name);
+}
+const std::string* StoredCatalog::procedureText(std::string_view name) const {
+  return found(procedures_, name);
+}
+
+void StoredCatalog::prepare(Session& session) {
+  const std::string own =
+      "SELECT count(*) FROM sqlite_schema WHERE name IN ('catalog_objects', 'catalog_columns')";
+  constexpr std::int64_t ownTables = 2;
+  if (session.number(own) == ownTables) return;
+  if (session.number("SELECT count(*) FROM sqlite_schema") > 0) {
+    throw ado::Error("The file is a database of another program.", tsql::state::general, "payslate.sqlite");
+  }
+  session.run("BEGIN IMMEDIATE");
+  if (session.number(own) == 0) {  // Another process may have been faster.
+    session.run(objectsTable);
+    session.run(columnsTable);
+  }
+  session.run("COMMIT");
+}
+
+void StoredCatalog::load(Session& session) {
+  tables_.clear();
+  views_.clear();
+  procedures_.clear();
+  const auto text = [](const Statement& row, std::size_t column) {
+    return std::get<std::string>(row.column(column));
+  };
+  const auto number = [](const Statement& row, std::size_t column) {
+    return std::get<std::int64_t>(row.column(column));
+  };
+  const auto objects = session.prepare("SELECT key, kind, name, text FROM catalog_objects");
+  while (objects->step()) {
+    const std::string kind = text(*objects, 1);
+    if (kind == kindName(tsql::ObjectKind::Table)) {
+      tables_[text(*objects, 0)].name = text(*objects, 2);
+    } else if (kind == kindName(tsql::ObjectKind::View)) {
+      views_[text(*objects, 0)] = text(*objects, 3);
+    } else {
+      procedures_[text(*objects, 0)] = text(*objects, 3);
+    }
+  }
+  const auto columns = session.prepare(
+      "SELECT object, name, type, not_null, key_position FROM catalog_columns ORDER BY object, ordinal");
+  while (columns->step()) {
+    tables_[text(*columns, 0)].columns.push_back({text(*columns, 1), tsql::parseType(text(*columns, 2)),
+                                                  number(*columns, 3) != 0,
+                                                  static_cast<int>(number(*columns, 4))});
+  }
+}
+
+void StoredCatalog::record(Session& session, const tsql::SchemaChange& change) {
+  using Action = tsql::SchemaChange::Action;
+  if (change.kind == tsql::ObjectKind::Index) return;  // Indexes are the database's own affair.
+  const std::string key = tsql::lowerWord(change.name);
+  if (change.action == Action::Add) {
+    session.run("INSERT INTO catalog_objects VALUES (?1, ?2, ?3, ?4)",
+                {key, std::string(kindName(change.kind)), change.name, change.text});
+  }
+  if (change.action == Action::Drop) {
+    session.run("DELETE FROM catalog_objects WHERE key = ?1", {key});
+    session.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
+  } else if (change.kind == tsql::ObjectKind::Table) {
+    recordColumns(session, key, change.table);
+  }
+}
+
+}  // namespace payslate::sqlite

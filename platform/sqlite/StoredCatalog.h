@@ -1,0 +1,33 @@
+// The catalog, kept in the database itself so that every process sees the same.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/sqlite/Session.h"
+#include "platform/tsql/Catalog.h"
+#include "platform/tsql/Translator.h"
+
+namespace payslate::sqlite {
+
+class StoredCatalog : public tsql::Catalog {
+ public:
+  [[nodiscard]] const tsql::TableInfo* table(std::string_view name) const override;
+  [[nodiscard]] const std::string* viewText(std::string_view name) const override;
+  [[nodiscard]] const std::string* procedureText(std::string_view name) const override;
+
+  /// Makes the tables it is kept in when they are not there; ado::Error for a database that was made by
+  /// others.
+  static void prepare(Session& session);
+  void load(Session& session);
+  /// Writes a change; load afterwards.
+  static void record(Session& session, const tsql::SchemaChange& change);
+
+ private:
+  std::map<std::string, tsql::TableInfo, std::less<>> tables_;  // By lower-case name; likewise below.
+  std::map<std::string, std::string, std::less<>> views_;
+  std::map<std::string, std::string, std::less<>> procedures_;
+};
+
+}  // namespace payslate::sqlite

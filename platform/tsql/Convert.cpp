@@ -1,0 +1,348 @@
+// The conversion table: a target kind each, with the source kinds it takes.
+#include "platform/tsql/Convert.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "platform/basic/Error.h"
+#include "platform/tsql/DateTime.h"
+#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/SqlError.h"
+#include "platform/tsql/Text.h"
+
+namespace payslate::tsql {
+
+namespace {
+
+using basic::Decimal;
+
+constexpr std::string_view currencySigns[] = {"$", "\xC2\xA3", "\xE2\x82\xAC",
+                                              "\xC2\xA5"};  // dollar, pound, euro, yen
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return "";
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string shown(const Cell& value) {
+  const std::string text = textOf(value);
+  constexpr std::size_t most = 60;
+  return "'" + (text.size() > most ? text.substr(0, most) + "…" : text) + "'";
+}
+
+[[noreturn]] void cannotConvert(const Cell& value, const Type& to) {
+  throw SqlError(state::badCast, "The value " + shown(value) + " cannot be converted to " + to.text() + ".");
+}
+
+[[noreturn]] void overflows(const std::string& value, const std::string& type) {
+  throw SqlError(state::overflow, "Arithmetic overflow: " + value + " does not fit the type " + type + ".");
+}
+
+// from_chars takes no plus sign.
+std::string_view withoutPlus(std::string_view text) {
+  return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
+}
+
+std::int64_t wholeFromText(const Cell& value, const Type& to) {
+  const std::string_view text = withoutPlus(trimmed(std::get<std::string>(value)));
+  if (text.empty()) return 0;
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc::result_out_of_range) overflows(shown(value), to.text());
+  if (error != std::errc() || end != text.data() + text.size()) cannotConvert(value, to);
+  return number;
+}
+
+double doubleFromText(const Cell& value, const Type& to) {
+  const std::string_view text = withoutPlus(trimmed(std::get<std::string>(value)));
+  if (text.empty()) return 0;
+  double number = 0;
+  const bool plain = text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (plain && error == std::errc::result_out_of_range) overflows(shown(value), to.text());
+  if (!plain || error != std::errc() || end != text.data() + text.size()) cannotConvert(value, to);
+  return number;
+}
+
+// Money takes a currency sign and thousands commas.
+std::string moneyDigits(std::string_view text) {
+  std::string digits;
+  for (const std::string_view sign : currencySigns) {
+    if (const std::size_t at = text.find(sign); at != std::string_view::npos && at <= 1) {
+      digits = std::string(text.substr(0, at)) + std::string(text.substr(at + sign.size()));
+      text = "";
+    }
+  }
+  if (digits.empty()) digits = text;
+  std::erase(digits, ',');
+  return digits.empty() ? "0" : digits;
+}
+
+Decimal decimalFromText(const Cell& value, const Type& to) {
+  const std::string_view text = trimmed(std::get<std::string>(value));
+  try {
+    return Decimal::parse(to.kind == Kind::Money ? moneyDigits(text) : std::string(text));
+  } catch (const basic::ValueError& error) {
+    if (error.kind() == basic::ErrorKind::Overflow) overflows(shown(value), to.text());
+    cannotConvert(value, to);
+  }
+}
+
+std::int64_t cutDouble(double number, const Type& to) {
+  constexpr double limit = 9223372036854775808.0;  // 2^63
+  if (!(number > -limit && number < limit)) overflows(textOf(number), to.text());
+  return static_cast<std::int64_t>(number);
+}
+
+Cell toBit(const Cell& value, const Type& from, const Type& to) {
+  if (from.isText()) {
+    const std::string_view text = trimmed(std::get<std::string>(value));
+    if (sameWord(text, "true")) return std::int64_t{1};
+    if (sameWord(text, "false")) return std::int64_t{0};
+    return std::int64_t{wholeFromText(value, to) != 0};
+  }
+  if (from.isExact()) return std::int64_t{!decimalOf(value).isZero()};
+  if (from.isFloating()) return std::int64_t{doubleOf(value) != 0};
+  return std::int64_t{std::get<std::int64_t>(value) != 0};
+}
+
+// A moment as a number counts days, and rounds to the nearest.
+std::int64_t roundedDays(std::int64_t moment) {
+  return dayNumber(moment + millisecondsPerDay / 2);
+}
+
+Cell toWhole(const Cell& value, const Type& from, const Type& to) {
+  if (to.kind == Kind::Bit) return toBit(value, from, to);
+  std::int64_t number = 0;
+  if (from.isText()) {
+    number = wholeFromText(value, to);
+  } else if (from.isDate()) {
+    number = roundedDays(std::get<std::int64_t>(value));
+  } else if (from.isFloating()) {
+    number = cutDouble(doubleOf(value), to);
+  } else if (from.kind == Kind::Money) {
+    number = decimalOf(value).rounded(0).toInteger();
+  } else {
+    try {
+      number = wholeOf(value);
+    } catch (const basic::ValueError&) {
+      overflows(shown(value), to.text());
+    }
+  }
+  return checkedWhole(number, to.kind);
+}
+
+double daysOf(std::int64_t moment) {
+  return static_cast<double>(moment) / static_cast<double>(millisecondsPerDay);
+}
+
+Cell toDecimal(const Cell& value, const Type& from, const Type& to) {
+  try {
+    if (from.isText()) return checkedDecimal(decimalFromText(value, to), to);
+    if (from.isDate())
+      return checkedDecimal(Decimal::fromDouble(daysOf(std::get<std::int64_t>(value)), to.scale), to);
+    if (from.isFloating()) return checkedDecimal(Decimal::fromDouble(doubleOf(value), to.scale), to);
+    return checkedDecimal(decimalOf(value), to);
+  } catch (const basic::ValueError&) {
+    overflows(shown(value), to.text());
+  }
+}
+
+Cell toDouble(const Cell& value, const Type& from, const Type& to) {
+  double number = 0;
+  if (from.isText()) {
+    number = doubleFromText(value, to);
+  } else if (from.isDate()) {
+    number = daysOf(std::get<std::int64_t>(value));
+  } else {
+    number = doubleOf(value);
+  }
+  if (to.kind == Kind::Real) {
+    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
+      overflows(textOf(number), to.text());
+    number = static_cast<double>(static_cast<float>(number));
+  }
+  return number;
+}
+
+Cell toMoment(const Cell& value, const Type& from, const Type& to, int style) {
+  if (from.isText()) return roundedMoment(readMoment(std::get<std::string>(value), style), to.kind);
+  if (from.isDate()) return roundedMoment(std::get<std::int64_t>(value), to.kind);
+  if (to.kind == Kind::Date) cannotConvert(value, to);
+  constexpr double mostDays = 4'000'000;
+  const double days = doubleOf(value);
+  if (std::abs(days) > mostDays) overflows(shown(value), to.text());
+  return roundedMoment(
+      static_cast<std::int64_t>(std::llround(days * static_cast<double>(millisecondsPerDay))), to.kind);
+}
+
+std::string floatText(double number, int digits) {
+  std::array<char, 40> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::general, digits);
+  return {buffer.data(), end.ptr};
+}
+
+std::string plainText(const Cell& value, const Type& from, int style) {
+  if (from.isDate()) return writeMoment(std::get<std::int64_t>(value), style, from.kind);
+  if (from.kind == Kind::Money) return decimalOf(value).rounded(2).text();
+  if (from.isFloating()) {
+    constexpr int plainDigits = 6;
+    return floatText(doubleOf(value), plainDigits);
+  }
+  return textOf(value);
+}
+
+std::string fittedText(std::string text, const Type& to) {
+  if (to.length <= 0) return text;
+  const auto length = static_cast<std::size_t>(to.length);
+  if (text.size() > length && characterCount(text) > length)
+    text = encoded(characters(text).substr(0, length));
+  if (to.kind == Kind::Char) {
+    const std::size_t count = characterCount(text);
+    if (count < length) text.append(length - count, ' ');
+  }
+  return text;
+}
+
+Cell toText(const Cell& value, const Type& from, const Type& to, int style) {
+  std::string text = plainText(value, from, style);
+  const auto length = static_cast<std::size_t>(to.length);
+  if (to.length > 0 && text.size() > length) {
+    if (from.isExact() || from.isFloating()) overflows(text, to.text());
+    if (from.isWhole()) return fittedText("*", to);  // A whole number that does not fit is a star.
+  }
+  return fittedText(std::move(text), to);
+}
+
+}  // namespace
+
+std::int64_t checkedWhole(std::int64_t number, Kind kind) {
+  struct Range {
+    Kind kind;
+    std::int64_t low;
+    std::int64_t high;
+  };
+  static constexpr Range ranges[] = {
+      {Kind::TinyInt, 0, std::numeric_limits<std::uint8_t>::max()},
+      {Kind::SmallInt, std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()},
+      {Kind::Int, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}};
+  for (const Range& range : ranges) {
+    if (range.kind == kind && (number < range.low || number > range.high)) {
+      overflows(std::to_string(number), Type::of(kind).text());
+    }
+  }
+  return number;
+}
+
+std::string checkedDecimal(const Decimal& number, const Type& type) {
+  try {
+    const Decimal rounded = number.rounded(type.scale);
+    if (rounded.digits() <= type.precision) return rounded.text();
+  } catch (const basic::ValueError&) {
+    overflows(number.text(), type.text());
+  }
+  overflows(number.text(), type.text());
+}
+
+double checkedDouble(double number) {
+  if (std::isnan(number)) throw SqlError(state::overflow, "The operation has no result that is a number.");
+  if (std::isinf(number)) overflows("the result", "float");
+  return number;
+}
+
+double doubleOf(const Cell& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return static_cast<double>(*whole);
+  if (const auto* number = std::get_if<double>(&value)) return *number;
+  return Decimal::parse(std::get<std::string>(value)).toDouble();
+}
+
+Decimal decimalOf(const Cell& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return Decimal::fromInteger(*whole);
+  constexpr int floatScale = 15;
+  if (const auto* number = std::get_if<double>(&value)) return Decimal::fromDouble(*number, floatScale);
+  return Decimal::parse(std::get<std::string>(value));
+}
+
+std::int64_t wholeOf(const Cell& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
+  if (const auto* number = std::get_if<double>(&value)) return cutDouble(*number, Type::of(Kind::BigInt));
+  return decimalOf(value).toInteger();
+}
+
+std::string textOf(const Cell& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
+  constexpr int allDigits = 15;
+  if (const auto* number = std::get_if<double>(&value)) return floatText(*number, allDigits);
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  return "null";
+}
+
+bool isNumericText(std::string_view text) {
+  text = trimmed(text);
+  if (text.empty()) return false;
+  std::size_t i = 0;
+  bool sign = false;
+  const auto skipSign = [&] {
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) {
+      ++i;
+      sign = true;
+    }
+  };
+  skipSign();
+  for (const std::string_view currency : currencySigns) {
+    if (text.substr(i, currency.size()) != currency) continue;
+    i += currency.size();
+    sign = true;
+    break;
+  }
+  skipSign();
+  std::size_t digits = 0;
+  bool period = false;
+  for (; i < text.size(); ++i) {
+    if (text[i] >= '0' && text[i] <= '9') {
+      ++digits;
+    } else if (text[i] == '.' && !period) {
+      period = true;
+    } else if (text[i] != ',' || period) {
+      break;
+    }
+  }
+  if (i == text.size()) return digits > 0 || period || sign;
+  if (digits == 0 || (text[i] != 'e' && text[i] != 'E' && text[i] != 'd' && text[i] != 'D')) return false;
+  ++i;
+  if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+  return i < text.size() && text.find_first_not_of("0123456789", i) == std::string_view::npos;
+}
+
+Cell convertCell(const Cell& value, const Type& from, const Type& to, int style) {
+  if (isNull(value)) return {};
+  if (to.isText()) return toText(value, from, to, style);
+  if (to.isWhole()) return toWhole(value, from, to);
+  if (to.isExact()) return toDecimal(value, from, to);
+  if (to.isFloating()) return toDouble(value, from, to);
+  return toMoment(value, from, to, style);
+}
+
+Cell assignCell(const Cell& value, const Type& from, const Type& to, const std::string& column) {
+  if (isNull(value)) return {};
+  try {
+    if (!to.isText()) return convertCell(value, from, to);
+    std::string text = from.isText() ? std::get<std::string>(value) : plainText(value, from, 0);
+    const auto length = static_cast<std::size_t>(to.length);
+    if (to.length > 0 && characterCount(withoutTrailingBlanks(text)) > length) {
+      throw SqlError(state::truncation, "The text " + shown(value) +
+                                            " is too long: it would be truncated to " +
+                                            std::to_string(length) + " characters.");
+    }
+    return fittedText(std::move(text), to);
+  } catch (const SqlError& error) {
+    throw SqlError(error.sqlState(), "Column '" + column + "': " + error.what());
+  }
+}
+
+}  // namespace payslate::tsql

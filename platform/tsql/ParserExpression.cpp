@@ -1,0 +1,365 @@
+// Expressions: one ladder of precedence from "or" down to literals and names.
+#include "platform/tsql/ParserExpression.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+
+#include "platform/basic/Decimal.h"
+#include "platform/basic/Error.h"
+#include "platform/tsql/Parser.h"
+#include "platform/tsql/TypeNames.h"
+
+namespace payslate::tsql {
+
+ExprPtr QueryParser::node(ExprKind kind, Position at) const {
+  auto expr = std::make_unique<Expr>();
+  expr->kind = kind;
+  expr->at = at;
+  return expr;
+}
+
+void QueryParser::adopt(Expr& parent, ExprPtr child) const {
+  parent.height = std::max(parent.height, child->height + 1);
+  if (parent.height > maxHeight) {
+    throw SqlError(state::syntax, child->at,
+                   "The expression chains more than " + std::to_string(maxHeight) + " operations.");
+  }
+  parent.args.push_back(std::move(child));
+}
+
+ExprPtr QueryParser::binary(ExprKind kind, Position at, std::string name, ExprPtr left, ExprPtr right) const {
+  ExprPtr expr = node(kind, at);
+  expr->name = std::move(name);
+  adopt(*expr, std::move(left));
+  adopt(*expr, std::move(right));
+  return expr;
+}
+
+ExprPtr QueryParser::expression() {
+  const Nesting nesting(depth_, tokens_.at());
+  return disjunction();
+}
+
+ExprPtr QueryParser::disjunction() {
+  ExprPtr left = conjunction();
+  while (tokens_.isWord("or")) {
+    const Position at = tokens_.take().at;
+    left = binary(ExprKind::Or, at, "or", std::move(left), conjunction());
+  }
+  return left;
+}
+
+ExprPtr QueryParser::conjunction() {
+  ExprPtr left = negation();
+  while (tokens_.isWord("and")) {
+    const Position at = tokens_.take().at;
+    left = binary(ExprKind::And, at, "and", std::move(left), negation());
+  }
+  return left;
+}
+
+ExprPtr QueryParser::negation() {
+  if (!tokens_.isWord("not")) return predicate();
+  const Nesting nesting(depth_, tokens_.at());
+  ExprPtr expr = node(ExprKind::Not, tokens_.take().at);
+  adopt(*expr, negation());
+  return expr;
+}
+
+ExprPtr QueryParser::predicate() {
+  ExprPtr left = sum();
+  static constexpr std::string_view comparisons[] = {"=", "<>", "!=", "<=", ">=", "<", ">", "!<", "!>"};
+  for (const std::string_view sign : comparisons) {
+    if (!tokens_.isSign(sign)) continue;
+    const Position at = tokens_.take().at;
+    if (tokens_.isWord("all") || tokens_.isWord("any") || tokens_.isWord("some")) {
+      tokens_.unsupported("A comparison with '" + tokens_.peek().text + "'");
+    }
+    const std::string name = sign == "!="   ? "<>"
+                             : sign == "!<" ? ">="
+                             : sign == "!>" ? "<="
+                                            : std::string(sign);
+    return binary(ExprKind::Compare, at, name, std::move(left), sum());
+  }
+  const Position at = tokens_.at();
+  if (tokens_.acceptWord("is")) {
+    ExprPtr expr = node(ExprKind::IsNull, at);
+    expr->negated = tokens_.acceptWord("not");
+    tokens_.expectWord("null");
+    adopt(*expr, std::move(left));
+    return expr;
+  }
+  const bool negated = tokens_.isWord("not") &&
+                       (tokens_.isWord("in", 1) || tokens_.isWord("like", 1) || tokens_.isWord("between", 1));
+  if (negated) tokens_.take();
+  if (tokens_.acceptWord("between")) {
+    ExprPtr expr = node(ExprKind::Between, at);
+    expr->negated = negated;
+    adopt(*expr, std::move(left));
+    adopt(*expr, sum());
+    tokens_.expectWord("and");
+    adopt(*expr, sum());
+    return expr;
+  }
+  if (tokens_.acceptWord("like")) {
+    ExprPtr expr = binary(ExprKind::Like, at, "like", std::move(left), sum());
+    expr->negated = negated;
+    if (tokens_.acceptWord("escape")) adopt(*expr, sum());
+    return expr;
+  }
+  if (tokens_.acceptWord("in")) return inPredicate(std::move(left), negated);
+  return left;
+}
+
+ExprPtr QueryParser::inPredicate(ExprPtr left, bool negated) {
+  ExprPtr expr = node(ExprKind::InList, left->at);
+  expr->negated = negated;
+  adopt(*expr, std::move(left));
+  tokens_.expectSign("(");
+  if (tokens_.isWord("select")) {
+    const Nesting nesting(depth_, tokens_.at());
+    expr->kind = ExprKind::InQuery;
+    expr->query = std::make_unique<Query>(query());
+  } else {
+    do {
+      adopt(*expr, expression());
+    } while (tokens_.acceptSign(","));
+  }
+  tokens_.expectSign(")");
+  return expr;
+}
+
+ExprPtr QueryParser::sum() {
+  ExprPtr left = product();
+  while (tokens_.isSign("+") || tokens_.isSign("-")) {
+    const Token sign = tokens_.take();
+    left = binary(ExprKind::Arithmetic, sign.at, sign.text, std::move(left), product());
+  }
+  return left;
+}
+
+ExprPtr QueryParser::product() {
+  ExprPtr left = unary();
+  while (tokens_.isSign("*") || tokens_.isSign("/") || tokens_.isSign("%")) {
+    const Token sign = tokens_.take();
+    left = binary(ExprKind::Arithmetic, sign.at, sign.text, std::move(left), unary());
+  }
+  return left;
+}
+
+ExprPtr QueryParser::unary() {
+  if (!tokens_.isSign("-") && !tokens_.isSign("+")) return primary();
+  const Nesting nesting(depth_, tokens_.at());
+  const Token sign = tokens_.take();
+  ExprPtr expr = node(ExprKind::Arithmetic, sign.at);
+  expr->name = sign.text;
+  adopt(*expr, unary());
+  return expr;
+}
+
+ExprPtr QueryParser::primary() {
+  const Token& token = tokens_.peek();
+  switch (token.kind) {
+    case TokenKind::Text: {
+      ExprPtr expr = node(ExprKind::Literal, token.at);
+      const auto continuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+      const auto bytes = static_cast<int>(token.text.size());
+      const auto extra = static_cast<int>(std::count_if(token.text.begin(), token.text.end(), continuation));
+      expr->type = Type::varchar(std::max(1, bytes - extra));
+      expr->literal = tokens_.take().text;
+      return expr;
+    }
+    case TokenKind::WholeNumber:
+    case TokenKind::DecimalNumber:
+    case TokenKind::FloatNumber:
+      return number();
+    case TokenKind::Variable: {
+      if (token.text.starts_with("@@")) tokens_.unsupported("The variable '" + token.text + "'");
+      ExprPtr expr = node(ExprKind::Variable, token.at);
+      expr->name = tokens_.take().text;
+      return expr;
+    }
+    case TokenKind::Sign:
+      if (token.text == "(") {
+        const Position at = tokens_.take().at;
+        const Nesting nesting(depth_, at);
+        ExprPtr expr;
+        if (tokens_.isWord("select")) {
+          expr = node(ExprKind::Subquery, at);
+          expr->query = std::make_unique<Query>(query());
+        } else {
+          expr = expression();
+        }
+        tokens_.expectSign(")");
+        return expr;
+      }
+      break;
+    case TokenKind::Word:
+      if (tokens_.isWord("null")) return node(ExprKind::Literal, tokens_.take().at);
+      if (tokens_.isWord("case")) return caseExpression();
+      if (tokens_.isWord("convert") && tokens_.isSign("(", 1)) return convertCall();
+      if (tokens_.isWord("cast") && tokens_.isSign("(", 1)) return castCall();
+      if (tokens_.isWord("exists")) {
+        ExprPtr expr = node(ExprKind::Exists, tokens_.take().at);
+        const Nesting nesting(depth_, expr->at);
+        tokens_.expectSign("(");
+        expr->query = std::make_unique<Query>(query());
+        tokens_.expectSign(")");
+        return expr;
+      }
+      if (tokens_.isSign("(", 1) && (tokens_.isName() || tokens_.isWord("left") || tokens_.isWord("right") ||
+                                     tokens_.isWord("coalesce") || tokens_.isWord("nullif"))) {
+        return functionCall();
+      }
+      break;
+    default:
+      break;
+  }
+  if (tokens_.isName()) return columnName();
+  tokens_.unexpected("an expression");
+}
+
+ExprPtr QueryParser::number() {
+  const Token token = tokens_.take();
+  ExprPtr expr = node(ExprKind::Literal, token.at);
+  if (token.kind == TokenKind::FloatNumber) {
+    const double value = std::strtod(token.text.c_str(), nullptr);
+    if (value > std::numeric_limits<double>::max()) {
+      throw SqlError(state::overflow, token.at, "The number " + token.text + " is too large.");
+    }
+    expr->type = Type::of(Kind::Float);
+    expr->literal = value;
+    return expr;
+  }
+  if (token.kind == TokenKind::WholeNumber) {
+    std::int32_t small = 0;
+    const auto [end, error] =
+        std::from_chars(token.text.data(), token.text.data() + token.text.size(), small);
+    if (error == std::errc()) {
+      expr->type = Type::of(Kind::Int);
+      expr->literal = static_cast<std::int64_t>(small);
+      return expr;
+    }
+  }
+  try {
+    std::string digits = token.text.back() == '.' ? token.text.substr(0, token.text.size() - 1) : token.text;
+    if (digits.front() == '.') digits.insert(0, "0");
+    const basic::Decimal value = basic::Decimal::parse(digits);
+    expr->type = Type::decimal(std::max({value.digits(), value.scale(), 1}), value.scale());
+    expr->literal = value.text();
+  } catch (const basic::ValueError&) {
+    throw SqlError(state::overflow, token.at, "The number " + token.text + " has too many digits.");
+  }
+  return expr;
+}
+
+ExprPtr QueryParser::columnName() {
+  ExprPtr expr = node(ExprKind::Column, tokens_.at());
+  expr->name = tokens_.expectName("a column");
+  while (tokens_.isSign(".")) {
+    tokens_.take();
+    expr->qualifier = std::move(expr->name);
+    if (tokens_.isSign("*")) tokens_.unexpected("a column");
+    expr->name = tokens_.expectName("a column");
+  }
+  return expr;
+}
+
+ExprPtr QueryParser::caseExpression() {
+  ExprPtr expr = node(ExprKind::Case, tokens_.take().at);
+  if (!tokens_.isWord("when")) {
+    expr->hasOperand = true;
+    adopt(*expr, expression());
+  }
+  if (!tokens_.isWord("when")) tokens_.unexpected("'when'");
+  while (tokens_.acceptWord("when")) {
+    adopt(*expr, expression());
+    tokens_.expectWord("then");
+    adopt(*expr, expression());
+  }
+  if (tokens_.acceptWord("else")) {
+    expr->hasElse = true;
+    adopt(*expr, expression());
+  }
+  tokens_.expectWord("end");
+  return expr;
+}
+
+ExprPtr QueryParser::convertCall() {
+  ExprPtr expr = node(ExprKind::Convert, tokens_.take().at);
+  expr->name = "convert";
+  tokens_.expectSign("(");
+  expr->type = type();
+  tokens_.expectSign(",");
+  adopt(*expr, expression());
+  if (tokens_.acceptSign(",")) adopt(*expr, expression());
+  tokens_.expectSign(")");
+  return expr;
+}
+
+ExprPtr QueryParser::castCall() {
+  ExprPtr expr = node(ExprKind::Convert, tokens_.take().at);
+  expr->name = "cast";
+  tokens_.expectSign("(");
+  adopt(*expr, expression());
+  tokens_.expectWord("as");
+  expr->type = type();
+  tokens_.expectSign(")");
+  return expr;
+}
+
+ExprPtr QueryParser::functionCall() {
+  ExprPtr expr = node(ExprKind::Function, tokens_.at());
+  expr->name = lowerWord(tokens_.take().text);
+  tokens_.expectSign("(");
+  if (tokens_.acceptSign(")")) return expr;
+  if (tokens_.acceptSign("*")) {
+    expr->star = true;
+  } else {
+    expr->distinct = tokens_.acceptWord("distinct");
+    if (!expr->distinct) tokens_.acceptWord("all");
+    do {
+      adopt(*expr, expression());
+    } while (tokens_.acceptSign(","));
+  }
+  tokens_.expectSign(")");
+  if (tokens_.isWord("over") && tokens_.isSign("(", 1)) tokens_.unsupported("A window ('over')");
+  return expr;
+}
+
+ExprPtr QueryParser::literal() {
+  const bool negative = tokens_.isSign("-");
+  if (negative || tokens_.isSign("+")) return unary();
+  const Token& token = tokens_.peek();
+  const bool isLiteral = token.kind == TokenKind::Text || token.kind == TokenKind::WholeNumber ||
+                         token.kind == TokenKind::DecimalNumber || token.kind == TokenKind::FloatNumber ||
+                         tokens_.isWord("null");
+  if (!isLiteral) tokens_.unexpected("a literal value");
+  return primary();
+}
+
+Type QueryParser::type() {
+  const Position at = tokens_.at();
+  const std::string name = lowerWord(tokens_.expectName("a type"));
+  std::vector<int> sizes;
+  bool unlimited = false;
+  if (tokens_.acceptSign("(")) {
+    if (tokens_.acceptWord("max")) {
+      unlimited = true;
+    } else {
+      do {
+        constexpr std::int64_t largest = 8000;
+        const std::int64_t size = tokens_.expectWhole("a length");
+        if (size > largest)
+          throw SqlError(state::syntax, at, "The size given to the type '" + name + "' is too large.");
+        sizes.push_back(static_cast<int>(size));
+      } while (tokens_.acceptSign(","));
+    }
+    tokens_.expectSign(")");
+  }
+  return namedType(name, sizes, unlimited, at);
+}
+
+}  // namespace payslate::tsql

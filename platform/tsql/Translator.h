@@ -1,0 +1,61 @@
+// From a Transact-SQL text to what the embedded database runs.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/tsql/Ast.h"
+#include "platform/tsql/Catalog.h"
+
+namespace payslate::tsql {
+
+/// What a statement does to the catalog.
+struct SchemaChange {
+  enum class Action { Add, Extend, Drop } action = Action::Add;
+  ObjectKind kind = ObjectKind::Table;
+  std::string name;
+  TableInfo table;   ///< Of a table that is added or extended.
+  std::string text;  ///< Of a view or procedure that is added.
+};
+
+struct Translation {
+  std::vector<std::string> sql;  ///< One statement; those that change the schema may have several, or none.
+  bool returnsRows = false;
+  std::vector<OutputColumn> columns;     ///< Of the rows.
+  std::vector<Cell> bindings;            ///< Values of ?1, ?2, …
+  std::optional<std::string> baseTable;  ///< The table of "select * from TABLE [where …]".
+  std::optional<SchemaChange> change;
+};
+
+/// Keeps the procedures it has translated, until told that the schema changed.
+class Translator {
+ public:
+  explicit Translator(const Catalog& catalog) : catalog_(catalog) {}
+
+  /// SqlError for what is not understood, or names what does not exist.
+  Translation translate(std::string_view statement);
+  void schemaChanged() { procedures_.clear(); }
+
+ private:
+  struct Procedure {
+    CreateProcedure definition;
+    std::string sql;
+  };
+
+  Translation query(Query& query) const;
+  Translation call(Call& call);
+  Translation drop(const Drop& drop) const;
+  Translation create(CreateView& view, std::string_view text) const;
+  Translation create(CreateProcedure& procedure, std::string_view text) const;
+  const Procedure& procedure(const Call& call);
+  void requireFreeName(const std::string& name, Position at) const;
+
+  const Catalog& catalog_;
+  std::map<std::string, Procedure, std::less<>> procedures_;
+};
+
+}  // namespace payslate::tsql
