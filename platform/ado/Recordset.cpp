@@ -22,6 +22,17 @@ enum class Edit { None, Changing, Adding };
 
 using Row = std::vector<basic::Value>;
 
+bool holdsNumbers(const Column& column) {
+  return column.type == ColumnType::Integer || column.type == ColumnType::Decimal || column.type == ColumnType::Double;
+}
+
+// A database may read an empty text as 0; a field does not: what is no number must not become one unseen.
+void refuseTextWithoutNumber(const Column& column, const basic::Value& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  if (text == nullptr || !holdsNumbers(column) || basic::IsNumeric(*text)) return;
+  throw Error("The text \"" + *text + "\" cannot be stored in " + column.name + ", which holds numbers", "22018");
+}
+
 }  // namespace
 
 struct Recordset::Rows {
@@ -296,6 +307,7 @@ Field& Field::operator=(basic::Value value) {
                   notSupported);
     open.beginEdit(Edit::Changing);
   }
+  refuseTextWithoutNumber(open.columns[index_], value);
   open.assigned[index_] = std::move(value);
   return *this;
 }

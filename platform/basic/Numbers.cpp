@@ -48,7 +48,7 @@ std::size_t numberLength(std::string_view text) {
 }
 
 [[noreturn]] void overflow(const std::string& what, const char* wanted) {
-  throw ValueError(ErrorKind::Overflow, what + " is too large for " + wanted);
+  throw ValueError(ErrorKind::Overflow, "Overflow: " + what + " is too large for " + wanted);
 }
 
 /// `number` has the form that numberLength accepts, as a whole.
