@@ -7,6 +7,7 @@
 
 #include "platform/sqlite/Functions.h"
 #include "platform/sqlite/RowCursor.h"
+#include "platform/tsql/Schema.h"
 
 namespace payslate::sqlite {
 
@@ -22,7 +23,12 @@ std::string afterColon(const std::string& message) {
 }
 
 std::string constraintSentence(int code, const std::string& message) {
-  const std::string what = afterColon(message);
+  std::string what = afterColon(message);
+  // The companion of a unique index, for rows with a Null, is not told apart.
+  if (const std::size_t companion = what.find(tsql::nullIndexSuffix + std::string("'"));
+      companion != std::string::npos) {
+    what.erase(companion, std::string_view(tsql::nullIndexSuffix).size());
+  }
   switch (code) {
     case SQLITE_CONSTRAINT_NOTNULL:
       return "The column '" + what + "' must not be Null.";
@@ -213,6 +219,10 @@ ado::Error Session::error(int code) {
     default:
       break;
   }
+  if (message.starts_with("no such index"))
+    return made("There is no index '" + afterColon(message) + "'.", "42S12");
+  if (message.find("already exists") != std::string::npos)
+    return made("There is an object of that name already: " + message + ".", "42S01");
   // The database's own parser gives up on expressions that nest too deep.
   for (const char* limit : {"parser stack overflow", "maximum depth", "too many"}) {
     if (message.find(limit) != std::string::npos) {

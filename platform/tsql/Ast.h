@@ -129,6 +129,7 @@ struct Insert {
   Position at;
   std::string table;
   std::vector<std::string> columns;
+  std::vector<Position> columnsAt;
   std::vector<std::vector<ExprPtr>> rows;
   std::unique_ptr<Query> query;
 };

@@ -43,7 +43,7 @@ void Binder::bindQuery(Query& query, Scope* outer, bool nested) {
   }
   bindOrder(query, scopes.front());
   for (std::size_t i = 0; i < query.cores.size(); ++i) checkGrouping(query.cores[i], query, scopes[i]);
-  const bool folded = first.groupBy.empty() && scopes.front().sawAggregate;
+  const bool folded = first.groupBy.empty() && (scopes.front().sawAggregate || first.having);
   query.single = query.cores.size() == 1 && (folded || first.from.empty() || (first.top && *first.top <= 1));
 }
 
@@ -268,7 +268,11 @@ void Binder::bindTable(TableRef& ref, Scope& scope) {
   ref.query = std::move(view.query);
   ref.columnNames = std::move(view.columnNames);
   ++viewDepth_;
-  bindDerived(ref, scope, nullptr);
+  try {
+    bindDerived(ref, scope, nullptr);
+  } catch (const SqlError& error) {  // Its positions are those of another text.
+    throw SqlError(error.sqlState(), ref.at, "In the view '" + ref.name + "': " + error.what());
+  }
   --viewDepth_;
 }
 

@@ -66,11 +66,13 @@ void Binder::bind(Insert& insert) {
     for (const ColumnInfo& column : table.columns) insert.columns.push_back(column.name);
   }
   std::vector<const ColumnInfo*> targets;
-  for (std::string& name : insert.columns) {
-    targets.push_back(&requireColumn(table, name, insert.at));
+  insert.columnsAt.resize(insert.columns.size(), insert.at);
+  for (std::size_t i = 0; i < insert.columns.size(); ++i) {
+    std::string& name = insert.columns[i];
+    targets.push_back(&requireColumn(table, name, insert.columnsAt[i]));
     name = targets.back()->name;
     if (std::count(targets.begin(), targets.end(), targets.back()) > 1) {
-      throw SqlError(state::syntax, insert.at, "The column '" + name + "' is assigned twice.");
+      throw SqlError(state::syntax, insert.columnsAt[i], "The column '" + name + "' is assigned twice.");
     }
   }
   const auto checkCount = [&](std::size_t count) {

@@ -297,10 +297,10 @@ bool isNumericText(std::string_view text) {
   for (const std::string_view currency : currencySigns) {
     if (text.substr(i, currency.size()) != currency) continue;
     i += currency.size();
+    if (!sign) skipSign();
     sign = true;
     break;
   }
-  skipSign();
   std::size_t digits = 0;
   bool period = false;
   for (; i < text.size(); ++i) {

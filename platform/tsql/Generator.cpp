@@ -262,11 +262,15 @@ class Writer {
     for (std::size_t i = 0; i < core.items.size(); ++i) {
       if (i > 0) text += ", ";
       const SelectItem& item = core.items[i];
+      // Under a bare "having" all rows are one group; the database wants to see something that folds them.
+      const bool folds = i == 0 && core.having && core.groupBy.empty();
+      if (folds) text += "CASE WHEN count(*) >= 0 THEN ";
       if (distinct) {
         compared(*item.expr);
       } else {
         write(*item.expr);
       }
+      if (folds) text += " END";
       if (!outputName.empty()) {
         text += " AS " + quotedName(outputName);
       } else if (!item.alias.empty()) {

@@ -152,6 +152,9 @@ class Lexer {
 
   Token number() {
     Token token{TokenKind::WholeNumber, "", at_};
+    if (peek() == '0' && (peek(1) == 'x' || peek(1) == 'X')) {
+      throw SqlError(state::syntax, at_, "A hexadecimal literal is not supported.");
+    }
     while (isDigit(peek())) token.text += take();
     if (peek() == '.') {
       token.kind = TokenKind::DecimalNumber;

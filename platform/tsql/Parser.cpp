@@ -57,7 +57,13 @@ class StatementParser {
     result.at = tokens_.take().at;
     tokens_.acceptWord("into");
     result.table = tokens_.expectObjectName("a table");
-    if (tokens_.isSign("(")) result.columns = nameList("a column");
+    if (tokens_.acceptSign("(")) {
+      do {
+        result.columnsAt.push_back(tokens_.at());
+        result.columns.push_back(tokens_.expectName("a column"));
+      } while (tokens_.acceptSign(","));
+      tokens_.expectSign(")");
+    }
     if (tokens_.isWord("select")) {
       result.query = std::make_unique<Query>(query_.query());
       return result;

@@ -184,9 +184,9 @@ ExprPtr QueryParser::primary() {
     case TokenKind::Sign:
       if (token.text == "(") {
         const Position at = tokens_.take().at;
-        const Nesting nesting(depth_, at);
         ExprPtr expr;
         if (tokens_.isWord("select")) {
+          const Nesting nesting(depth_, at);
           expr = node(ExprKind::Subquery, at);
           expr->query = std::make_unique<Query>(query());
         } else {

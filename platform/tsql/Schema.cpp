@@ -90,7 +90,7 @@ TableInfo described(CreateTable& table) {
 
 std::pair<std::string, std::string> indexNames(const std::string& table, const std::string& index) {
   const std::string name = lowerWord(table) + "." + lowerWord(index);
-  return {name, name + ".null"};
+  return {name, name + nullIndexSuffix};
 }
 
 Translation translateTable(CreateTable& table, const Catalog& catalog) {

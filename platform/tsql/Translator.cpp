@@ -173,7 +173,11 @@ const Translator::Procedure& Translator::procedure(const Call& call) {
   Statement statement = parseStatement(*text);
   Procedure procedure;
   procedure.definition = std::move(std::get<CreateProcedure>(statement));
-  Binder(catalog_, &procedure.definition.parameters).bind(*procedure.definition.query);
+  try {
+    Binder(catalog_, &procedure.definition.parameters).bind(*procedure.definition.query);
+  } catch (const SqlError& error) {  // Its positions are those of another text.
+    throw SqlError(error.sqlState(), call.at, "In the procedure '" + call.name + "': " + error.what());
+  }
   procedure.sql = writtenQuery(*procedure.definition.query);
   return procedures_.emplace(name, std::move(procedure)).first->second;
 }
@@ -213,7 +217,11 @@ Translation Translator::call(Call& call) {
       throw SqlError(state::syntax, call.at,
                      "'" + call.name + "' expects the parameter '" + parameter.name + "'.");
     }
-    result.bindings.push_back(literalValue(*value, parameter.type));
+    try {
+      result.bindings.push_back(literalValue(*value, parameter.type));
+    } catch (const SqlError& error) {
+      throw SqlError(error.sqlState(), value->at, "Parameter '" + parameter.name + "': " + error.what());
+    }
   }
   result.returnsRows = true;
   result.sql.push_back(called.sql);

@@ -1,0 +1,329 @@
+// The embedded provider: files, catalogs shared by connections, lazy rows, transactions, rows by their key.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "platform/ado/Error.h"
+#include "platform/basic/Numbers.h"
+#include "platform/sqlite/SqliteProvider.h"
+
+namespace payslate::test {
+
+namespace {
+
+using basic::Value;
+
+std::unique_ptr<ado::Provider> open(const std::string& connection) {
+  return sqlite::providerEntry().open(connection);
+}
+
+std::string stateOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const ado::Error& error) {
+    return error.SQLState + " " + error.Description;
+  }
+  return "no error";
+}
+
+std::string first(ado::Provider& provider, const std::string& statement) {
+  const auto cursor = provider.execute(statement);
+  return cursor->next() ? basic::textOf(cursor->value(0), "yyyy/mm/dd") : "none";
+}
+
+int count(ado::Cursor& cursor) {
+  int rows = 0;
+  while (cursor.next()) ++rows;
+  return rows;
+}
+
+class Files : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+    folder_ = std::filesystem::temp_directory_path() / ("payslate-sqlite-" + name);
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  [[nodiscard]] std::string path(const std::string& name = "pay.db") const {
+    return (folder_ / name).string();
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_F(Files, AreOpenedMadeOrRefused) {
+  EXPECT_EQ(stateOf([&] { open(path()); }), "08001 There is no database file '" + path() + "'.");
+  EXPECT_FALSE(std::filesystem::exists(path()));
+  open(path() + ";Create=True")->execute("create table t (a int)");
+  EXPECT_EQ(first(*open(path()), "select count(*) from t"), "0");
+  EXPECT_EQ(first(*open(path() + "; create = true"), "select count(*) from t"), "0");
+  EXPECT_EQ(stateOf([&] { open(path() + ";Mode=7"); }).substr(0, 5), "08001");
+
+  const std::string letter = "Dear Sir or Madam, this is not a database but a letter of some length.\n";
+  std::ofstream(path("letter.txt")) << letter;
+  for (const char* option : {"", ";Create=True"}) {
+    EXPECT_EQ(stateOf([&] { open(path("letter.txt") + option); }).substr(0, 5), "08001");
+  }
+  std::ifstream in(path("letter.txt"));
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), letter);
+  EXPECT_EQ(stateOf([&] { open(folder_.string()); }).substr(0, 5), "08001");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);  // No journals left behind.
+}
+
+TEST_F(Files, ConnectionStringsWithANameAreForOthers) {
+  const ado::ProviderEntry entry = sqlite::providerEntry();
+  for (const char* own : {":memory:", "pay.db", "/a/b c.db;Create=True"})
+    EXPECT_TRUE(entry.accepts(own)) << own;
+  for (const char* other : {"DSN=pay", "Driver={x};Server=y", "Server=y"})
+    EXPECT_FALSE(entry.accepts(other)) << other;
+}
+
+TEST_F(Files, TwoConnectionsSeeOneCatalog) {
+  const auto one = open(path() + ";Create=True");
+  const auto two = open(path());
+  one->execute("create table t (a int not null primary key, b varchar(5), c decimal(9,2))");
+  two->execute("insert into t values (1, 'x', 1.5)");
+  EXPECT_EQ(stateOf([&] { two->execute("insert into t values (2, 'too long', 1)"); }).substr(0, 5), "22001");
+  two->execute("create view v as select a, c from t");
+  one->execute("create procedure p @a int as select c from v where a = @a");
+  EXPECT_EQ(first(*two, "p 1"), "1.5");
+  one->execute("alter table t add d datetime");
+  EXPECT_EQ(two->execute("select * from t")->columns().size(), 4U);
+  one->execute("drop procedure p");
+  EXPECT_EQ(stateOf([&] { two->execute("p 1"); }).substr(0, 5), "42000");
+}
+
+TEST_F(Files, OneWriterAtATime) {
+  const auto one = open(path() + ";Create=True;BusyTimeout=50");
+  const auto two = open(path() + ";BusyTimeout=50");
+  one->execute("create table t (a int)");
+  one->begin();
+  EXPECT_EQ(stateOf([&] { two->begin(); }).substr(0, 5), "HYT00");
+  EXPECT_EQ(stateOf([&] { two->execute("insert into t values (1)"); }).substr(0, 5), "HYT00");
+  EXPECT_EQ(first(*two, "select count(*) from t"), "0");
+  one->execute("insert into t values (2)");
+  EXPECT_EQ(first(*two, "select count(*) from t"), "0");
+  one->commit();
+  two->begin();
+  two->execute("insert into t values (3)");
+  two->commit();
+  EXPECT_EQ(first(*one, "select sum(a) from t"), "5");
+}
+
+// A cursor between two rows looks at the past; a write on the same connection must still go through.
+TEST_F(Files, AnOpenCursorDoesNotStandInTheWayOfAWrite) {
+  const auto one = open(path() + ";Create=True;BusyTimeout=50");
+  const auto two = open(path() + ";BusyTimeout=50");
+  one->execute("create table t (a int)");
+  one->execute("insert into t values (1), (2), (3)");
+  const auto cursor = one->execute("select a from t");
+  ASSERT_TRUE(cursor->next());
+  two->execute("insert into t values (4)");
+  one->begin();
+  EXPECT_EQ(basic::CLng(cursor->value(0)), 1);
+  one->execute("insert into t values (5)");
+  one->commit();
+  EXPECT_EQ(count(*cursor), 2);
+  EXPECT_EQ(first(*one, "select count(*) from t"), "5");
+  const auto again = one->execute("select a from t");
+  ASSERT_TRUE(again->next());
+  two->execute("insert into t values (6)");
+  one->execute("insert into t values (7)");
+  EXPECT_EQ(count(*again), 4);
+}
+
+TEST(Provider, ReadsNothingBeforeItIsAsked) {
+  const auto provider = open(":memory:");
+  provider->execute("create table t (a int)");
+  provider->execute("insert into t values (1), (0)");
+  const auto cursor = provider->execute("select 1 / a from t");
+  EXPECT_EQ(cursor->columns().front().type, ado::ColumnType::Integer);
+  ASSERT_TRUE(cursor->next());
+  EXPECT_EQ(stateOf([&] { cursor->next(); }).substr(0, 5), "22012");
+  EXPECT_FALSE(cursor->next());
+  EXPECT_EQ(stateOf([&] { static_cast<void>(cursor->value(0)); }).substr(0, 5), "HY000");
+  EXPECT_EQ(stateOf([&] { provider->execute("select nope from t"); }).substr(0, 5), "42S22");
+  EXPECT_EQ(first(*provider, "select count(*) from t"), "2");
+  const auto abandoned = provider->execute("select 1 / 0");  // Nobody asks, nobody hears.
+}
+
+TEST(Provider, RollbackLeavesEverythingUsable) {
+  auto provider = open(":memory:");
+  provider->execute("create table t (a int not null primary key)");
+  provider->execute("insert into t values (1), (2)");
+  provider->begin();
+  EXPECT_EQ(stateOf([&] { provider->begin(); }).substr(0, 5), "25001");
+  provider->execute("insert into t values (3)");
+  provider->execute("create table u (b int)");
+  EXPECT_EQ(stateOf([&] { provider->execute("insert into t values (4), (1)"); }).substr(0, 5), "23000");
+  EXPECT_EQ(first(*provider, "select count(*) from t"), "3");
+  auto cursor = provider->execute("select a from t");
+  ASSERT_TRUE(cursor->next());
+  provider->rollback();
+  EXPECT_EQ(stateOf([&] { provider->execute("select * from u"); }).substr(0, 5), "42S02");
+  EXPECT_EQ(first(*provider, "select count(*) from t"), "2");
+  EXPECT_EQ(stateOf([&] { provider->commit(); }).substr(0, 5), "25000");
+  const auto outliving = provider->execute("select a from t");
+  provider.reset();
+  EXPECT_EQ(stateOf([&] { outliving->next(); }).substr(0, 5), "08003");
+  cursor.reset();
+}
+
+TEST(Provider, ValuesComeInTheKindOfTheirColumn) {
+  const auto provider = open(":memory:");
+  provider->execute(
+      "create table t (b bit, i smallint, d decimal(9,2), m money, f float, t datetime, s char(4))");
+  provider->execute("insert into t values (1, 2, 3, 4, 5, '1899/12/29 06:00', 'ab')");
+  const auto cursor = provider->execute("select * from t where b = 'true'");
+  ASSERT_TRUE(cursor->next());
+  EXPECT_EQ(std::get<bool>(cursor->value(0)), true);
+  EXPECT_EQ(std::get<std::int64_t>(cursor->value(1)), 2);
+  EXPECT_EQ(std::get<basic::Decimal>(cursor->value(2)).text(), "3.00");
+  EXPECT_EQ(std::get<basic::Decimal>(cursor->value(3)).text(), "4.0000");
+  EXPECT_EQ(std::get<double>(cursor->value(4)), 5);
+  EXPECT_EQ(std::get<basic::Date>(cursor->value(5)).serial(), -1.25);
+  EXPECT_EQ(std::get<std::string>(cursor->value(6)), "ab  ");
+}
+
+TEST(Provider, KnowsTheTableBehindAStatement) {
+  const auto provider = open(":memory:");
+  provider->execute(
+      "create table Pay (company smallint not null, id int not null, b bit, primary key (id, company))");
+  provider->execute("create view v as select * from pay");
+  const auto table = provider->baseTable("Select  *\n from pay  Where 1=2");
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->name, "Pay");
+  EXPECT_EQ(table->key, (std::vector<std::string>{"id", "company"}));
+  EXPECT_EQ(table->columns.back().type, ado::ColumnType::Boolean);
+  for (const char* other :
+       {"select id from pay", "select * from pay, pay p", "select distinct * from pay",
+        "select top 1 * from pay", "select * from v", "select * from pay union select * from pay"}) {
+    EXPECT_FALSE(provider->baseTable(other)) << other;
+  }
+}
+
+TEST(Provider, RowsAreInsertedAndRewrittenWithTheColumnsTypes) {
+  const auto provider = open(":memory:");
+  provider->execute(
+      "create table t (k int not null primary key, n int default 7, d decimal(9,2), t datetime, s "
+      "varchar(5), f bit)");
+  const ado::BaseTable table = *provider->baseTable("select * from t");
+  const auto insert = [&](const char* column, Value value, std::int64_t key) {
+    return stateOf([&] { provider->insert(table, {{"K", key}, {column, std::move(value)}}); }).substr(0, 5);
+  };
+  struct Row {
+    const char* column;
+    Value value;
+    const char* outcome;  // Stored text, or SQLSTATE.
+  };
+  const Row rows[] = {
+      {"n", std::string(" 12 "), "12"},
+      {"n", 2.9, "2"},
+      {"n", std::string("abc"), "22018"},
+      {"n", std::int64_t{3'000'000'000}, "22003"},
+      {"d", std::string("1500.005"), "1500.01"},
+      {"d", 1.005, "1.01"},
+      {"d", basic::Decimal::parse("2.5"), "2.5"},
+      {"d", 1e8, "22003"},
+      {"t", basic::Date::fromCalendar(2006, 4, 30), "2006/04/30"},
+      {"t", std::string("20060430"), "2006/04/30"},
+      {"t", std::string("soon"), "22007"},
+      {"s", std::string("abcdef"), "22001"},
+      {"s", std::string("abcd   "), "abcd "},
+      {"s", 12.25, "12.25"},
+      {"f", true, "True"},
+      {"f", std::string("false"), "False"},
+      {"nope", true, "42S22"},
+      {"s", basic::Null{}, ""},
+  };
+  std::int64_t key = 0;
+  for (const Row& row : rows) {
+    const std::string error = insert(row.column, row.value, ++key);
+    const std::string outcome = error == "no er"
+                                    ? first(*provider, "select " + std::string(row.column) +
+                                                           " from t where k = " + std::to_string(key))
+                                    : error;
+    EXPECT_EQ(outcome, row.outcome) << row.column << " of row " << key;
+  }
+  EXPECT_EQ(first(*provider, "select n from t where k = 5"), "7");
+  EXPECT_EQ(insert("n", std::int64_t{1}, 1), "23000");
+  EXPECT_EQ(stateOf([&] { provider->insert(table, {{"n", std::int64_t{1}}}); }).substr(0, 5), "23000");
+
+  provider->update(table, {{"k", std::string("1")}}, {{"s", std::string("new")}, {"n", basic::Null{}}});
+  EXPECT_EQ(first(*provider, "select s from t where n is null"), "new");
+  EXPECT_EQ(stateOf([&] {
+              provider->update(table, {{"k", std::int64_t{999}}}, {{"n", std::int64_t{1}}});
+            }).substr(0, 5),
+            "HY000");
+  EXPECT_EQ(stateOf([&] { provider->update(table, {}, {{"n", std::int64_t{1}}}); }).substr(0, 5), "HY000");
+}
+
+TEST(Provider, UniqueIndexesCompareAsTheServerDoes) {
+  const auto provider = open(":memory:");
+  provider->execute("create table t (a varchar(9), b int, live smallint)");
+  provider->execute("create unique index ut on t (a, b) where live = 0");
+  provider->execute("insert into t values ('EN1', 1, 0), ('EN1', 1, 1), ('EN1', 2, 0), (null, 1, 0)");
+  for (const char* duplicate : {"('en1 ', 1, 0)", "('EN1', 2, 0)", "(null, 1, 0)"}) {
+    EXPECT_EQ(
+        stateOf([&] { provider->execute(std::string("insert into t values ") + duplicate); }).substr(0, 5),
+        "23000")
+        << duplicate;
+  }
+  provider->execute("insert into t values ('en1', 1, 1), (null, 2, 0), (null, 1, 1)");
+  EXPECT_EQ(stateOf([&] { provider->execute("update t set live = 0"); }).substr(0, 5), "23000");
+  EXPECT_EQ(stateOf([&] { provider->execute("drop index nope on t"); }).substr(0, 5), "42S12");
+  provider->execute("drop index ut on t");
+  provider->execute("update t set live = 0");
+  EXPECT_EQ(stateOf([&] { provider->execute("create unique index ut on t (a, b)"); }).substr(0, 5), "23000");
+}
+
+TEST(Provider, TablesGuardTheirColumns) {
+  const auto provider = open(":memory:");
+  provider->execute(
+      "create table t (a int not null check (a > 0), b varchar(3) default 'x', c decimal(5,1), unique (b))");
+  const std::pair<const char*, const char*> writes[] = {
+      {"insert into t (a) values (1)", "no er"},
+      {"insert into t (a, b) values (2, 'X ')", "23000"},
+      {"insert into t (a, b) values (0, 'y')", "23000"},
+      {"insert into t (a, b) values (null, 'y')", "23000"},
+      {"insert into t (b) values ('z')", "23000"},
+      {"insert into t (a, c, b) values (3, '12.26', null)", "no er"},
+      {"update t set c = c * 1000", "22003"},
+      {"update t set b = b + 'long' where a = 1", "22001"},
+      {"insert into t select a + 10, 'q', c from t where a = 3", "no er"},
+      {"alter table t add d int not null", "42000"},
+      {"alter table t add d int not null default 4", "no er"},
+  };
+  for (const auto& [statement, state] : writes) {
+    const std::string text = statement;
+    EXPECT_EQ(stateOf([&] { provider->execute(text); }).substr(0, 5), state) << text;
+  }
+  EXPECT_EQ(first(*provider, "select sum(a * d + c) from t"), "88.6");
+}
+
+TEST(Provider, ProceduresTakeTheirArgumentsInEveryForm) {
+  const auto provider = open(":memory:");
+  provider->execute(
+      "create procedure sp @a int, @b varchar(3) = 'x', @d datetime = null as "
+      "select @b + convert(varchar(9), @a + 1) + isnull(convert(varchar(8), @d, 112), '')");
+  const std::pair<const char*, const char*> calls[] = {{"sp 1", "x2"},
+                                                       {"SP  -1, 'abcdef'", "abc0"},
+                                                       {"exec sp @b = 'q', @a = '6'", "q7"},
+                                                       {"sp 1, 'y', '2006/04/30';", "y220060430"},
+                                                       {"execute dbo.sp 1, null", ""}};
+  for (const auto& [call, expected] : calls) EXPECT_EQ(first(*provider, call), expected) << call;
+  for (const char* wrong :
+       {"sp", "sp 'z'", "sp 1, 2, 3, 4", "sp @c = 1", "sp @a = 1, 2", "sp 1 2", "sp 1, 'a', 'soon'"}) {
+    EXPECT_NE(stateOf([&] { provider->execute(wrong); }), "no error") << wrong;
+  }
+}
+
+}  // namespace
+
+}  // namespace payslate::test
