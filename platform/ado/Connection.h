@@ -10,8 +10,8 @@
 
 namespace payslate::ado {
 
-class Provider;
 class Recordset;
+struct Session;
 
 enum class ObjectState { Closed = 0, Open = 1 };
 
@@ -23,18 +23,21 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  /// `:memory:` or a file path opens the embedded engine (an existing file; "PATH;Create=True" also makes a new
-  /// one); other strings are for the provider that accepts them. Error when already open, when no provider
-  /// accepts the string, or when the database cannot be opened.
+  /// `:memory:` or a file path opens the embedded engine (an existing file; "PATH;Create=True" also makes a
+  /// new one); other strings are for the provider that accepts them. Error when already open, when no
+  /// provider accepts the string, or when the database cannot be opened.
   void Open(const std::string& connectionString);
-  void Close();  ///< Rolls back an open transaction. Recordsets still open on it fail afterwards.
+  /// Rolls back an open transaction. Recordsets still open on it keep the rows they have read and fail where
+  /// they need another. Closing a closed connection does nothing.
+  void Close();
   [[nodiscard]] ObjectState State() const;
 
   /// Runs one statement; a closed recordset comes back when it returns no rows.
   Recordset Execute(const std::string& commandText);
 
-  void BeginTrans();
-  void CommitTrans();
+  void BeginTrans();   ///< Error when one is open already: transactions do not nest.
+  void CommitTrans();  ///< When it fails, the transaction is still open: roll it back.
+  /// Recordsets open on the connection keep the rows they have read and fail where they need another.
   void RollbackTrans();
   [[nodiscard]] bool InTransaction() const;
 
@@ -44,9 +47,8 @@ class Connection {
 
  private:
   friend class Recordset;
-  Provider& provider(std::string_view forWhat) const;  // Error when closed.
-  std::shared_ptr<Provider> provider_;
-  bool inTransaction_ = false;
+  Session& session(std::string_view forWhat) const;  // Error when closed.
+  std::shared_ptr<Session> session_;
 };
 
 }  // namespace payslate::ado

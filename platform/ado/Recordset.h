@@ -27,6 +27,8 @@ class Field {
   /// Assigns to the row being added, or edits the current row; sent by Update. Error when the recordset is
   /// read-only, has no current row, or does not stand on exactly one table.
   Field& operator=(basic::Value value);
+  Field(const Field&) = default;
+  Field& operator=(const Field& other) { return *this = other.Value(); }  ///< Assigns the other's value.
 
  private:
   friend class Recordset;
@@ -35,8 +37,8 @@ class Field {
   std::size_t index_;
 };
 
-/// Movable. Rows are fetched when they are read, never before: opening "select * from" a large table to append
-/// one row reads nothing. Closed by its destructor, where an unsent edit is dropped.
+/// Movable. Rows are fetched when they are read, never before: opening "select * from" a large table to
+/// append one row reads nothing. Closed by its destructor, where an unsent edit is dropped.
 class Recordset {
  public:
   Recordset();
@@ -51,8 +53,9 @@ class Recordset {
 
   [[nodiscard]] bool Bof();
   [[nodiscard]] bool Eof();
-  void MoveFirst();  ///< Not on a forward-only cursor that has moved on.
-  void MoveNext();   ///< Error when Eof already.
+  /// Error when there are no rows, on a forward-only cursor that has moved on, and while an edit is not sent.
+  void MoveFirst();
+  void MoveNext();  ///< Error when Eof already, and while an edit is not sent.
   /// Rows in all on keyset and static cursors (reads them to the end), -1 on forward-only ones.
   [[nodiscard]] long RecordCount();
 
@@ -61,14 +64,24 @@ class Recordset {
   Field Fields(std::string_view name);
   Field Fields(std::size_t index);
 
+  /// Starts a row of the table behind the statement; Fields are Null until assigned. Reads no row of the
+  /// table. Error when the recordset is read-only or does not stand on exactly one table.
   void AddNew();
-  void Update();  ///< Inserts the assigned columns of the added row, or rewrites the current row by its key.
+  /// Inserts the assigned columns of the added row, or rewrites the current row by its key; without an edit
+  /// it does nothing. Afterwards the current row is the one from before AddNew, its values as they were
+  /// assigned; rows that were added do not appear among those of an open recordset. When it fails, the edit
+  /// stays: change it and send it again, or CancelUpdate.
+  void Update();
+  void CancelUpdate();  ///< Drops an edit that was not sent.
 
  private:
   friend class Field;
   friend class Connection;
-  struct State_;
-  std::unique_ptr<State_> state_;
+  struct Rows;
+  Rows& rows(std::string_view forWhat) const;  // Error when closed.
+  // Stays closed when the statement returns no rows.
+  void send(const std::string& source, Connection& connection, CursorType cursor, LockType lock);
+  std::unique_ptr<Rows> rows_;  // Null when closed.
 };
 
 }  // namespace payslate::ado

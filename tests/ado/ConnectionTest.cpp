@@ -1,0 +1,131 @@
+// Connections on the embedded engine: states, transactions, what is told of statements.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
+#include "tests/ado/CountingProvider.h"
+
+namespace payslate::ado {
+namespace {
+
+std::string one(Connection& connection, const std::string& statement) {
+  Recordset rows = connection.Execute(statement);
+  return rows.Fields(0).Text();
+}
+
+TEST(Connection, ClosedRefusesEverythingButOpening) {
+  Connection connection;
+  EXPECT_EQ(connection.State(), ObjectState::Closed);
+  Recordset rows;
+  EXPECT_EQ(stateOf([&] { connection.Execute("select 1"); }), "08003");
+  EXPECT_EQ(stateOf([&] { rows.Open("select 1", connection, CursorType::Keyset, LockType::ReadOnly); }),
+            "08003");
+  EXPECT_EQ(stateOf([&] { connection.BeginTrans(); }), "08003");
+  EXPECT_EQ(stateOf([&] { connection.CommitTrans(); }), "08003");
+  EXPECT_EQ(stateOf([&] { connection.RollbackTrans(); }), "08003");
+  EXPECT_EQ(stateOf([&] { connection.Open("Nobody=here;Password=secret"); }), "08001");
+  EXPECT_EQ(messageOf([&] { connection.Open("Nobody=here;Password=secret"); }).find("secret"),
+            std::string::npos);
+  connection.Close();
+  connection.Open(":memory:");
+  EXPECT_EQ(connection.State(), ObjectState::Open);
+  EXPECT_EQ(stateOf([&] { connection.Open(":memory:"); }), "08002");
+  connection.Close();
+  connection.Close();
+  EXPECT_EQ(connection.State(), ObjectState::Closed);
+}
+
+TEST(Connection, StaysUsableAfterAFailedStatement) {
+  Connection connection;
+  connection.Open(":memory:");
+  EXPECT_NE(stateOf([&] { connection.Execute("select from nowhere"); }), "");
+  EXPECT_NE(stateOf([&] { connection.Execute("select * from nowhere"); }), "");
+  EXPECT_EQ(connection.Execute("create table t (a int not null primary key)").State(), ObjectState::Closed);
+  EXPECT_EQ(connection.Execute("insert into t (a) values (1)").State(), ObjectState::Closed);
+  EXPECT_NE(stateOf([&] { connection.Execute("insert into t (a) values (1)"); }), "");
+  EXPECT_EQ(one(connection, "select count(*) from t"), "1");
+  Recordset rows;
+  EXPECT_EQ(
+      stateOf([&] { rows.Open("update t set a = 2", connection, CursorType::Keyset, LockType::Optimistic); }),
+      "24000");
+  rows.Open("select a from t", connection, CursorType::Keyset, LockType::Optimistic);
+  EXPECT_EQ(
+      stateOf([&] { rows.Open("select a from t", connection, CursorType::Keyset, LockType::Optimistic); }),
+      "24000");
+}
+
+TEST(Connection, Transactions) {
+  Connection connection;
+  connection.Open(":memory:");
+  connection.Execute("create table t (a int not null primary key)");
+  EXPECT_EQ(stateOf([&] { connection.CommitTrans(); }), "25000");
+  EXPECT_EQ(stateOf([&] { connection.RollbackTrans(); }), "25000");
+  connection.BeginTrans();
+  EXPECT_TRUE(connection.InTransaction());
+  EXPECT_EQ(stateOf([&] { connection.BeginTrans(); }), "25001");
+  connection.Execute("insert into t (a) values (1)");
+  EXPECT_NE(stateOf([&] { connection.Execute("insert into t (a) values (1)"); }), "");
+  connection.CommitTrans();
+  EXPECT_FALSE(connection.InTransaction());
+  connection.BeginTrans();
+  connection.Execute("insert into t (a) values (2)");
+  connection.RollbackTrans();
+  EXPECT_EQ(one(connection, "select count(*) from t"), "1");
+}
+
+TEST(Connection, ClosingRollsBack) {
+  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "payslate-closing";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directory(folder);
+  const std::string file = (folder / "t.db").string();
+  {
+    Connection connection;
+    connection.Open(file + ";Create=True");
+    connection.Execute("create table t (a int not null primary key)");
+    connection.BeginTrans();
+    connection.Execute("insert into t (a) values (1)");
+    connection.Close();
+    connection.Open(file);
+    EXPECT_FALSE(connection.InTransaction());
+    EXPECT_EQ(one(connection, "select count(*) from t"), "0");
+    connection.BeginTrans();
+    connection.Execute("insert into t (a) values (2)");
+  }
+  Connection again;
+  again.Open(file);
+  EXPECT_EQ(one(again, "select count(*) from t"), "0");
+  again.Close();
+  std::filesystem::remove_all(folder);
+}
+
+TEST(Connection, TellsStatementsBeforeTheyAreSent) {
+  Connection connection;
+  connection.Open(":memory:");
+  connection.Execute("create table Things (a int not null primary key, b varchar(9))");
+  std::vector<std::string> told;
+  connection.StatementSent = [&](std::string_view statement) { told.emplace_back(statement); };
+  connection.BeginTrans();
+  Recordset rows;
+  rows.Open("select * from things", connection, CursorType::Keyset, LockType::Optimistic);
+  rows.AddNew();
+  rows.Fields("a") = 1;
+  EXPECT_EQ(told.size(), 1U);
+  rows.Update();
+  rows.Fields("b") = "x";
+  rows.Update();
+  rows.Update();
+  EXPECT_NE(stateOf([&] { connection.Execute("select c from Things"); }), "");
+  connection.CommitTrans();
+  ASSERT_EQ(told.size(), 4U);
+  EXPECT_EQ(told[0], "select * from things");
+  EXPECT_EQ(told[1].substr(0, 7), "insert ");
+  EXPECT_EQ(told[2].substr(0, 7), "update ");
+  EXPECT_EQ(told[3], "select c from Things");
+}
+
+}  // namespace
+}  // namespace payslate::ado

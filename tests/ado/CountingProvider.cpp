@@ -1,0 +1,74 @@
+// A database that counts what is asked of it.
+#include "tests/ado/CountingProvider.h"
+
+#include <utility>
+
+#include "platform/ado/Provider.h"
+
+namespace payslate::ado {
+namespace {
+
+constexpr std::string_view prefix = "counting:";
+
+class CountingCursor : public Cursor {
+ public:
+  explicit CountingCursor(std::unique_ptr<Cursor> real) : real_(std::move(real)) {}
+  [[nodiscard]] const std::vector<Column>& columns() const override { return real_->columns(); }
+  bool next() override {
+    const bool any = real_->next();
+    counts().rows += any ? 1 : 0;
+    return any;
+  }
+  [[nodiscard]] basic::Value value(std::size_t column) const override { return real_->value(column); }
+
+ private:
+  std::unique_ptr<Cursor> real_;
+};
+
+class CountingProvider : public Provider {
+ public:
+  explicit CountingProvider(std::unique_ptr<Provider> real) : real_(std::move(real)) {}
+  std::unique_ptr<Cursor> execute(std::string_view statement) override {
+    std::unique_ptr<Cursor> cursor = real_->execute(statement);
+    return cursor ? std::make_unique<CountingCursor>(std::move(cursor)) : nullptr;
+  }
+  void begin() override { real_->begin(); }
+  void commit() override { real_->commit(); }
+  void rollback() override { real_->rollback(); }
+  std::optional<BaseTable> baseTable(std::string_view statement) override {
+    ++counts().baseTables;
+    return real_->baseTable(statement);
+  }
+  void insert(const BaseTable& table, const std::vector<Assignment>& row) override {
+    real_->insert(table, row);
+  }
+  void update(const BaseTable& table, const std::vector<Assignment>& key,
+              const std::vector<Assignment>& row) override {
+    real_->update(table, key, row);
+  }
+
+ private:
+  std::unique_ptr<Provider> real_;
+};
+
+}  // namespace
+
+Counts& counts() {
+  static Counts all;
+  return all;
+}
+
+void openCounting(Connection& connection, const std::string& database) {
+  static const bool registered = [] {
+    registerProvider({"counting",
+                      [](std::string_view text) { return text.substr(0, prefix.size()) == prefix; },
+                      [](const std::string& text) -> std::unique_ptr<Provider> {
+                        return std::make_unique<CountingProvider>(openProvider(text.substr(prefix.size())));
+                      }});
+    return true;
+  }();
+  if (registered) connection.Open(std::string(prefix) + database);
+  counts() = {};
+}
+
+}  // namespace payslate::ado
