@@ -100,6 +100,10 @@ void Input::clickRow(RowControl& list, int row, MouseButton button, int shift, i
 
 void Input::doubleClickRow(RowControl& list, int row) {
   clickRow(list, row);
+  clickAgain(list);
+}
+
+void Input::clickAgain(RowControl& list) {
   perform([&] {
     if (form_.ActiveControl() == &list) list.DblClick.raise();
   });

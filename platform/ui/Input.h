@@ -40,6 +40,8 @@ class Input {
                 int x = 0, int y = 0);
   /// Twice the left button.
   void doubleClickRow(RowControl& list, int row);
+  /// The second press of a double click, for screens whose first press was told by clickRow.
+  void clickAgain(RowControl& list);
   /// The check box of a row.
   void checkRow(ListView& list, int row);
   /// The window's close box.
