@@ -5,6 +5,7 @@ host=$(realpath "$1")
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 export QT_QPA_PLATFORM=offscreen
+export LSAN_OPTIONS="suppressions=$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../../tests/lsan.supp:print_suppressions=0"
 
 # enter FILE NAME… writes an errand that enters these employees of demo company 1 for April 2026.
 enter() {
