@@ -88,8 +88,9 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
     std::vector<std::string> words;
     std::string sentence;
   } cases[] = {
-      {{}, "subcommand is required"},
+      {{}, "A command is missing"},
       {{"--colour"}, "--colour"},
+      {{"frobnicate"}, "frobnicate"},
       {{"demo", "--colour"}, "--colour"},
       {{"demo", "extra"}, "extra"},
       {{"demo", "--database", "notes.txt"}, "notes.txt"},
@@ -99,12 +100,14 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {{"init", "--connect", "payroll.db"}, "holds payroll tables already"},
       {{"init", "--connect", "notes.txt"}, "notes.txt cannot be opened"},
       {{"init", "--connect", "none/new.db"}, "none/new.db"},
+      {{"init", "--connect", ""}, "The connection string is empty"},
       {{"init", "--connect", "."}, "The database ."},
       {{"errand"}, "FILE"},
       {{"errand", "none.errand"}, "none.errand: the file cannot be read"},
       {{"errand", "right.errand", "wrong.errand"}, "wrong.errand:2: there is no instruction \"clik\""},
       {{"errand", "right.errand", "--connect", "none.db"}, "none.db does not exist"},
       {{"show", "--connect", "payroll.db"}, "--company"},
+      {showing(""), "The connection string is empty"},
       {showing("none.db"), "none.db does not exist"},
       {showing("notes.txt"), "notes.txt cannot be opened"},
       {showing(inMemory), "holds no payroll"},
