@@ -33,7 +33,7 @@ class Commands {
  public:
   Commands(CLI::App& app, const ScreenMaker& makeScreen, std::ostream& out)
       : app_(app), makeScreen_(makeScreen), out_(out) {
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);  // None is told apart below, after wrong options.
     addDemo();
     addInit();
     addErrand();
@@ -43,7 +43,7 @@ class Commands {
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    return ExitCode::Refused;
+    throw Refusal("A command is missing: demo, init, errand or show.");
   }
 
  private:

@@ -11,9 +11,13 @@ namespace payslate::host {
 
 namespace {
 
+std::string pathOf(const std::string& connect) {
+  return connect.substr(0, connect.find(';'));
+}
+
 // Everything that has no "=" before its first ";" is a path.
 bool isPath(const std::string& connect) {
-  return connect != inMemory && connect.substr(0, connect.find(';')).find('=') == std::string::npos;
+  return connect != inMemory && pathOf(connect).find('=') == std::string::npos;
 }
 
 // Connection strings may hold passwords: only paths are repeated.
@@ -31,6 +35,7 @@ std::string trimmedEnd(std::string sentence) {
 }
 
 SharedConnection open(const std::string& connect, const std::string& connectionString) {
+  if (connect.empty()) throw Refusal("The connection string is empty.");
   auto connection = std::make_shared<ado::Connection>();
   try {
     connection->Open(connectionString);
@@ -73,11 +78,11 @@ void removeDatabase(const std::filesystem::path& path) {
 
 bool isMissingFile(const std::string& connect) {
   std::error_code unknown;
-  return isPath(connect) && !std::filesystem::exists(connect.substr(0, connect.find(';')), unknown);
+  return isPath(connect) && !std::filesystem::exists(pathOf(connect), unknown);
 }
 
 SharedConnection openDatabase(const std::string& connect) {
-  if (isMissingFile(connect)) throw Refusal("The database " + connect + " does not exist.");
+  if (!connect.empty() && isMissingFile(connect)) throw Refusal(nameOf(connect) + " does not exist.");
   return open(connect, connect);
 }
 
@@ -101,7 +106,7 @@ SharedConnection createPayroll(const std::string& connect,
   } catch (const std::exception& error) {
     const std::string reason = error.what();
     connection->Close();
-    if (makesFile) removeDatabase(connect);
+    if (makesFile) removeDatabase(pathOf(connect));
     refuse(nameOf(connect) + " was not set up", reason);
   }
   return connection;

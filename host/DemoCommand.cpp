@@ -32,11 +32,12 @@ scripted::Session demoSession() {
 
 SharedConnection demoDatabase(const std::string& path, std::ostream& out) {
   if (!isMissingFile(path)) return openPayroll(path);
-  out << "Creating the demo companies in " << path << ".\n";
-  return createPayroll(path, [](ado::Connection& connection) {
-    schema::create(connection);
-    schema::fillDemo(connection);
+  SharedConnection connection = createPayroll(path, [](ado::Connection& empty) {
+    schema::create(empty);
+    schema::fillDemo(empty);
   });
+  out << "The demo companies are created in " << path << ".\n";
+  return connection;
 }
 
 /// Employees whose one live attendance sheet is the whole month's: nothing keeps the clerk from saving

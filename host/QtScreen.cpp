@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QStringList>
+#include <QtGlobal>
 #include <array>
 #include <utility>
 
@@ -20,7 +21,7 @@ constexpr const char* platformVariable = "QT_QPA_PLATFORM";
 void choosePlatform() {
   constexpr std::array<std::pair<const char*, const char*>, 2> displays{
       {{"WAYLAND_DISPLAY", "wayland"}, {"DISPLAY", "xcb"}}};
-  if (qEnvironmentVariableIsSet(platformVariable)) return;
+  if (!qEnvironmentVariableIsEmpty(platformVariable)) return;
   QStringList platforms;
   for (const auto& [variable, platform] : displays)
     if (!qEnvironmentVariableIsEmpty(variable)) platforms << QString::fromLatin1(platform);
@@ -31,6 +32,17 @@ void choosePlatform() {
 // Sessions of these systems have a display.
 void choosePlatform() {}
 #endif
+
+// What Qt remarks about its platform is noise beside a transcript; whoever configures Qt's logging sees it
+// all.
+void quietenRemarks() {
+  static QtMessageHandler standard = nullptr;
+  if (standard != nullptr || qEnvironmentVariableIsSet("QT_LOGGING_RULES")) return;
+  standard =
+      qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        if (type == QtCriticalMsg || type == QtFatalMsg) standard(type, context, text);
+      });
+}
 
 class QtScreen : public Screen {
  public:
@@ -52,6 +64,7 @@ class QtScreen : public Screen {
 
 std::unique_ptr<Screen> makeQtScreen() {
   choosePlatform();
+  quietenRemarks();
   return std::make_unique<QtScreen>();
 }
 

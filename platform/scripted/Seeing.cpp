@@ -39,15 +39,21 @@ std::string place(std::size_t row, const std::string& column) {
   return "row " + std::to_string(row + 1) + ", column " + column + ": ";
 }
 
+// Blanks at the end show only where the errand quotes them.
+bool sameText(const Cell& cell, const std::string& found) {
+  if (cell.quoted) return cell.text == found;
+  return cell.text == std::string_view(found).substr(0, found.find_last_not_of(' ') + 1);
+}
+
 void compare(const Table& table, const Rows& rows) {
   const std::size_t both = std::min(rows.count, table.rows.size());
   for (std::size_t row = 0; row < both; ++row) {
     for (std::size_t column = 0; column < table.columns.size(); ++column) {
-      const std::string& wanted = table.rows[row][column].text;
+      const Cell& wanted = table.rows[row][column];
       const std::string found = rows.text(row, column);
-      if (found == wanted) continue;
+      if (sameText(wanted, found)) continue;
       const std::string where = place(row, table.columns[column]);
-      throw Mismatch(where + inQuotes(wanted), where + inQuotes(found));
+      throw Mismatch(where + inQuotes(wanted.text), where + inQuotes(found));
     }
   }
   if (rows.count == table.rows.size()) return;
@@ -145,7 +151,7 @@ bool sameValue(const Cell& cell, const basic::Value& value) {
   if (cell.isNull() || basic::isNull(value)) return cell.isNull() && basic::isNull(value);
   const std::string found = sqlText(value);
   if (basic::IsNumeric(cell.text) && basic::IsNumeric(found)) return sameNumber(cell.text, found);
-  return cell.text == found;
+  return sameText(cell, found);
 }
 
 std::string shown(const basic::Value& value) {

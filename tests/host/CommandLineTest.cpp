@@ -1,0 +1,195 @@
+// The commands as a shell sees them: exit codes, sentences, and what is left behind.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "host/CommandLine.h"
+#include "host/Database.h"
+#include "platform/ado/Recordset.h"
+#include "schema/schema.h"
+
+namespace payslate::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+  int code;
+  std::string out;
+  std::string err;
+};
+
+/// Works in an empty folder of its own.
+class CommandLine : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = fs::path(testing::TempDir()) / (std::string("payslate-host-") + test->name());
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+    before_ = fs::current_path();
+    fs::current_path(folder_);
+  }
+  void TearDown() override {
+    fs::current_path(before_);
+    fs::remove_all(folder_);
+  }
+
+  Outcome call(const std::vector<std::string>& words) {
+    std::vector<const char*> argv{"payroll-host"};
+    for (const std::string& word : words) argv.push_back(word.c_str());
+    std::ostringstream out;
+    std::ostringstream err;
+    const ScreenMaker makeScreen = [] { return std::make_unique<ScriptedScreen>(); };
+    const int code = run(static_cast<int>(argv.size()), argv.data(), makeScreen, out, err);
+    return {code, out.str(), err.str()};
+  }
+
+  static void write(const std::string& file, const std::string& text) {
+    std::ofstream(file, std::ios::binary) << text;
+  }
+
+  /// Every file with its content.
+  std::map<std::string, std::string> contents() const {
+    std::map<std::string, std::string> found;
+    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
+      std::ostringstream text;
+      if (entry.is_regular_file()) text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+      found[entry.path().string()] = text.str();
+    }
+    return found;
+  }
+
+  static std::string valueOf(const std::string& database, const std::string& statement) {
+    return openDatabase(database)->Execute(statement).Fields(0).Text();
+  }
+
+ private:
+  fs::path folder_;
+  fs::path before_;
+};
+
+std::vector<std::string> showing(const std::string& connect, const std::string& company = "1",
+                                 const std::string& date = "2026/04/30") {
+  return {"show",        "--connect", connect,  "--company", company,  "--user", "1",
+          "--interface", "40001",     "--year", "2026",      "--date", date};
+}
+
+TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
+  ASSERT_EQ(call({"init", "--connect", "payroll.db"}).code, 0);
+  write("notes.txt", std::string(5000, 'x'));
+  write("wrong.errand", "show\nclik cmdOk\n");
+  write("right.errand", "sql create table t (a int)\n");
+  const struct {
+    std::vector<std::string> words;
+    std::string sentence;
+  } cases[] = {
+      {{}, "A command is missing"},
+      {{"--colour"}, "--colour"},
+      {{"frobnicate"}, "frobnicate"},
+      {{"demo", "--colour"}, "--colour"},
+      {{"demo", "extra"}, "extra"},
+      {{"demo", "--database", "notes.txt"}, "notes.txt"},
+      {{"demo", "--database", "none/demo.db"}, "none/demo.db"},
+      {{"demo", "--database", "payroll.db"}, "no company 1"},
+      {{"init"}, "--connect"},
+      {{"init", "--connect", "payroll.db"}, "holds payroll tables already"},
+      {{"init", "--connect", "notes.txt"}, "notes.txt cannot be opened"},
+      {{"init", "--connect", "none/new.db"}, "none/new.db"},
+      {{"init", "--connect", ""}, "The connection string is empty"},
+      {{"init", "--connect", "."}, "The database ."},
+      {{"errand"}, "FILE"},
+      {{"errand", "none.errand"}, "none.errand: the file cannot be read"},
+      {{"errand", "right.errand", "wrong.errand"}, "wrong.errand:2: there is no instruction \"clik\""},
+      {{"errand", "right.errand", "--connect", "none.db"}, "none.db does not exist"},
+      {{"show", "--connect", "payroll.db"}, "--company"},
+      {showing(""), "The connection string is empty"},
+      {showing("none.db"), "none.db does not exist"},
+      {showing("notes.txt"), "notes.txt cannot be opened"},
+      {showing(inMemory), "holds no payroll"},
+      {showing("payroll.db", "7"), "knows no company 7"},
+      {showing("payroll.db", "70000"), "--company"},
+      {showing("payroll.db", "1", "2026/02/30"), "2026/02/30"},
+      {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"), "cannot be opened"},
+  };
+  const auto before = contents();
+  for (const auto& one : cases) {
+    const Outcome outcome = call(one.words);
+    EXPECT_EQ(outcome.code, 2) << one.sentence;
+    EXPECT_EQ(outcome.out, "") << one.sentence;
+    EXPECT_EQ(outcome.err.find("payroll-host: "), 0U) << outcome.err;
+    EXPECT_NE(outcome.err.find(one.sentence), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.err.find("secret"), std::string::npos) << outcome.err;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with(".\n") && !outcome.err.ends_with("..\n")) << outcome.err;
+    EXPECT_EQ(contents(), before) << one.sentence;
+  }
+}
+
+TEST_F(CommandLine, HelpIsNoFailure) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--help"}, {"demo", "--help"}, {"errand", "-h"}}) {
+    const Outcome outcome = call(words);
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_NE(outcome.out.find("Usage"), std::string::npos);
+    EXPECT_EQ(outcome.err, "");
+  }
+}
+
+TEST_F(CommandLine, ErrandsHoldOrTellTheFirstThatDoesNot) {
+  fs::create_directories("errands");
+  write("tables.sql",
+        "-- two tables\ncreate table t (a int, b varchar(9));\r\n\ninsert into t (a, b) values (1, 'x')\n");
+  write("errands/held.errand",
+        "database ../tables.sql\nsql insert into t (a) values (2)\n"
+        "expect sql select a, b from t order by a\n| 1 | x |\n| 2 | NULL |\n");
+  write("errands/broken.errand", "database ../tables.sql\nexpect sql select b from t\n| y |\nsql never\n");
+  write("errands/lost.errand", "database none.sql\n");
+  // Each errand has a database of its own: the same tables can be made twice.
+  const Outcome held = call({"errand", "errands/held.errand", "errands/held.errand"});
+  EXPECT_EQ(held.code, 0) << held.out << held.err;
+  EXPECT_NE(held.out.find("2 errands held."), std::string::npos);
+  const Outcome broken = call({"errand", "errands/broken.errand", "errands/held.errand"});
+  EXPECT_EQ(broken.code, 1);
+  EXPECT_NE(broken.out.find("errands/broken.errand:2: expect sql select b from t\n"
+                            "  expected: row 1, column 1: \"y\"\n"
+                            "  found:    row 1, column 1: \"x\"\n"),
+            std::string::npos)
+      << broken.out;
+  EXPECT_EQ(broken.out.find("held.errand"), std::string::npos);
+  const Outcome lost = call({"errand", "errands/lost.errand"});
+  EXPECT_EQ(lost.code, 1);
+  EXPECT_NE(lost.out.find("none.sql cannot be read"), std::string::npos) << lost.out;
+}
+
+TEST_F(CommandLine, ErrandsOnAConnectionWorkInThatDatabase) {
+  ASSERT_EQ(call({"init", "--connect", "payroll.db"}).code, 0);
+  write("more.errand", "sql insert into pusers (companyid, userid, username) values (1, 9, 'Nine')\n");
+  EXPECT_EQ(call({"errand", "more.errand", "--connect", "payroll.db"}).code, 0);
+  EXPECT_EQ(valueOf("payroll.db", "select username from pusers where userid = 9"), "Nine");
+}
+
+TEST_F(CommandLine, TheUnwatchedDemoEntersOneMoreEmployeeEachTime) {
+  const std::vector<std::string> words{"demo", "--database", "demo.db", "--screens", "pictures"};
+  const std::string count = "select count(*) from pempmonthlyentryheader where emhCompanyID = 1";
+  const Outcome first = call(words);
+  ASSERT_EQ(first.code, 0) << first.out << first.err;
+  const int entries = std::stoi(valueOf("demo.db", count));
+  for (const std::string shown : {"choose cboEmpname", "Header\n", "Allowances\n", "Deductions\n", "emhNo"})
+    EXPECT_NE(first.out.find(shown), std::string::npos) << first.out;
+  const Outcome second = call(words);
+  ASSERT_EQ(second.code, 0) << second.out << second.err;
+  EXPECT_EQ(std::stoi(valueOf("demo.db", count)), entries + 1);
+  openDatabase("demo.db")->Execute("update pemployee set eActive = 0");
+  const Outcome last = call(words);
+  EXPECT_EQ(last.code, 0) << last.out << last.err;
+  EXPECT_NE(last.out.find("nothing left to enter"), std::string::npos) << last.out;
+  EXPECT_EQ(std::stoi(valueOf("demo.db", count)), entries + 1);
+}
+
+}  // namespace
+}  // namespace payslate::host
