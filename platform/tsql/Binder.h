@@ -119,6 +119,8 @@ void fold(ExprPtr& call);
 void convertTo(ExprPtr& expr, const Type& type, int style = 0);
 /// Converts only when values of both types are stored differently.
 void convertForComparison(ExprPtr& expr, const Type& type);
+/// Values of both kinds are stored in a way that compares without a conversion.
+bool comparesAsStored(const Type& left, const Type& right);
 bool sameExpression(const Expr& left, const Expr& right);
 [[noreturn]] void refuseOperand(const Expr& expr, const Type& type, const std::string& operation);
 

@@ -2,9 +2,7 @@
 #include <algorithm>
 
 #include "platform/tsql/Binder.h"
-#include "platform/tsql/Convert.h"
 #include "platform/tsql/ParserBase.h"
-#include "platform/tsql/Runtime.h"
 #include "platform/tsql/TypeNames.h"
 
 namespace payslate::tsql {
@@ -22,14 +20,6 @@ Type operandType(const Expr& expr) {
   return Type::decimal(digits, 0);
 }
 
-/// Kinds whose values compare as they are stored.
-enum class Storage { Number, Exact, Text, Moment };
-Storage storageOf(const Type& type) {
-  if (type.isText()) return Storage::Text;
-  if (type.isExact()) return Storage::Exact;
-  return type.isDate() ? Storage::Moment : Storage::Number;
-}
-
 void requireValue(const Expr& expr) {
   if (expr.type.kind == Kind::Predicate) {
     throw SqlError(state::syntax, expr.at, "A condition stands where a value is expected.");
@@ -37,99 +27,6 @@ void requireValue(const Expr& expr) {
 }
 
 }  // namespace
-
-void refuseOperand(const Expr& expr, const Type& type, const std::string& operation) {
-  throw SqlError(state::syntax, expr.at,
-                 "A value of type " + type.text() + " cannot be used with " + operation + ".");
-}
-
-ExprPtr makeLiteral(Cell value, const Type& type, Position at) {
-  auto expr = std::make_unique<Expr>();
-  expr->at = at;
-  expr->literal = std::move(value);
-  expr->type = type;
-  return expr;
-}
-
-ExprPtr makeRuntime(std::string function, const Type& type, Position at) {
-  auto expr = std::make_unique<Expr>();
-  expr->kind = ExprKind::Runtime;
-  expr->at = at;
-  expr->name = std::move(function);
-  expr->type = type;
-  return expr;
-}
-
-ExprPtr wholeLiteral(std::int64_t number, Position at) {
-  return makeLiteral(number, Type::of(Kind::BigInt), at);
-}
-
-void fold(ExprPtr& call) {
-  const RuntimeFunction* function = findRuntimeFunction(call->name);
-  if (function == nullptr || !function->constant) return;
-  std::vector<Cell> arguments;
-  for (const ExprPtr& arg : call->args) {
-    if (!arg->isLiteral()) return;
-    arguments.push_back(arg->literal);
-  }
-  const Type type = call->type;
-  const Position at = call->at;
-  try {
-    call = makeLiteral(callRuntime(*function, arguments), type, at);
-  } catch (const SqlError& error) {
-    // It may stand where no row ever asks for it, so it fails when it is asked for.
-    call = makeRuntime("ts_raise", type, at);
-    call->args.push_back(makeLiteral(error.sqlState(), Type::varchar(), at));
-    call->args.push_back(makeLiteral(std::string(error.what()), Type::varchar(), at));
-  }
-}
-
-void convertTo(ExprPtr& expr, const Type& type, int style) {
-  if (expr->type.isNull()) {
-    expr->type = type;
-    return;
-  }
-  const Type from = expr->type;
-  const bool widerText = from.isText() && type.kind == Kind::VarChar &&
-                         (type.length == unlimitedLength || (from.length > 0 && from.length <= type.length));
-  const bool widerWhole =
-      from.isWhole() && type.isWhole() && type.kind != Kind::Bit && from.kind <= type.kind;
-  const bool sameDecimal = from.isExact() && type.kind == Kind::Decimal && from.scale == type.scale &&
-                           from.precision <= type.precision;
-  if (from == type || widerText || widerWhole || sameDecimal) {
-    expr->type = type;
-    return;
-  }
-  const Position at = expr->at;
-  ExprPtr call = makeRuntime("ts_convert", type, at);
-  call->args.push_back(std::move(expr));
-  call->args.push_back(wholeLiteral(from.packed(), at));
-  call->args.push_back(wholeLiteral(type.packed(), at));
-  call->args.push_back(wholeLiteral(style, at));
-  expr = std::move(call);
-  fold(expr);
-}
-
-void convertForComparison(ExprPtr& expr, const Type& type) {
-  if (expr->type.isNull() || storageOf(expr->type) == storageOf(type)) return;
-  Type target = type;
-  if (type.kind == Kind::Decimal && expr->type.isWhole()) target = asDecimal(expr->type);
-  convertTo(expr, target);
-}
-
-bool sameExpression(const Expr& left, const Expr& right) {
-  if (left.kind != right.kind || left.query || right.query || left.args.size() != right.args.size())
-    return false;
-  if (!sameWord(left.name, right.name) || left.source != right.source || left.literal != right.literal ||
-      left.negated != right.negated || left.distinct != right.distinct ||
-      left.hasOperand != right.hasOperand || left.hasElse != right.hasElse) {
-    return false;
-  }
-  for (std::size_t i = 0; i < left.args.size(); ++i) {
-    if (!sameExpression(*left.args[i], *right.args[i])) return false;
-  }
-  return true;
-}
 
 void Binder::bindValue(ExprPtr& expr, Scope& scope) {
   bindExpression(expr, scope);
@@ -328,7 +225,7 @@ void Binder::bindIn(Expr& expr, Scope& scope) {
   const Type column = expr.query->columns.front().type;
   const Type type = commonType(expr.args[0]->type, column);
   convertForComparison(expr.args[0], type);
-  if (!column.isNull() && storageOf(column) != storageOf(type)) {
+  if (!column.isNull() && !comparesAsStored(column, type)) {
     const bool whole = column.isWhole() && type.kind == Kind::Decimal;
     convertColumn(*expr.query, 0, whole ? asDecimal(column) : type);
   }

@@ -12,6 +12,8 @@ namespace payslate::tsql {
 inline constexpr const char* textCollation = "ts_text";
 inline constexpr const char* decimalCollation = "ts_number";
 
+/// The collation that values of the type compare with; null for the database's own.
+const char* collationOf(const Type& type);
 std::string quotedName(const std::string& name);
 std::string writtenLiteral(const Cell& value);
 std::string writtenExpression(const Expr& expr);
