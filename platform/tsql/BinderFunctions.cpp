@@ -49,6 +49,13 @@ std::string aggregateSuffix(const Type& type) {
   return type.kind == Kind::BigInt ? "bigint" : "int";
 }
 
+// Depth of the innermost query that a column of the expression belongs to; 0 when it has none.
+int innermostColumn(const Expr& expr) {
+  int depth = expr.kind == ExprKind::Column ? expr.sourceDepth : 0;
+  for (const ExprPtr& arg : expr.args) depth = std::max(depth, innermostColumn(*arg));
+  return depth;
+}
+
 DatePart requireDatePart(const Expr& call) {
   DatePart part = DatePart::Day;
   const Expr& name = *call.args[0];
@@ -208,6 +215,10 @@ void Binder::bindAggregate(ExprPtr& expr, Scope& scope) {
   const ExprPtr& arg = expr->args[0];
   if (arg->kind == ExprKind::Subquery)
     throw SqlError(state::syntax, arg->at, "An aggregate function cannot fold a subquery.");
+  if (innermostColumn(*arg) < scope.depth && innermostColumn(*arg) > 0) {
+    throw SqlError(state::syntax, expr->at,
+                   "An aggregate function over columns of the surrounding query is not supported.");
+  }
   if (expr->name == "count") {
     expr->type = Type::of(Kind::Int);
     return;

@@ -134,6 +134,7 @@ TEST(Statements, ConditionsAndValuesAreDifferentThings) {
       {"select name, count(*) from emp", "42000 Line 1, column 8: Column 'name' is neither"},
       {"select count(*) from emp where count(*) > 1", "42000 Line 1, column 32: An aggregate"},
       {"select sum(count(*)) from emp", "42000 Line 1, column 12: An aggregate"},
+      {"select name from emp where basic = (select max(basic) p)", "42000 Line 1, column 44: An aggregate"},
       {"select sum(name) from emp", "42000 Line 1, column 12: A value of type varchar(60)"},
       {"select 'a' - 'b'", "42000 Line 1, column 12: A value of type varchar"},
       {"select dept d, sum(basic) from emp group by d", "42S22 Line 1, column 45: "},
