@@ -160,9 +160,12 @@ TEST_F(RecordsetTest, AFailedUpdateCanBeMendedOrDropped) {
   rows.Fields("emp") = 200;
   rows.Update();
   EXPECT_EQ(one("select name from pay where emp = 200"), "n1");
-  rows.Fields("amount") = "twelve";
-  EXPECT_NE(stateOf([&] { rows.Update(); }), "") << "no number";
+  rows.Fields("paid") = "2006/13/45";
+  EXPECT_NE(stateOf([&] { rows.Update(); }), "") << "no date";
   rows.CancelUpdate();
+  EXPECT_EQ(rows.Fields("paid").Value(), Value(Null{}));
+  for (const char* text : {"twelve", "", "1,5"})
+    EXPECT_EQ(stateOf([&] { rows.Fields("amount") = text; }), "22018") << "no number: " << text;
   EXPECT_EQ(rows.Fields("amount").Text(), "1.5");
   rows.MoveNext();
   rows.AddNew();
