@@ -58,7 +58,7 @@ insert into ploans (lcompanyid, lloanid, lDescription, lcurrencyid) values
   (1, 1, 'Festival loan', 1), (1, 2, 'House loan', 1), (2, 1, 'Bicycle loan', 1)
 go
 insert into psavings (scompanyid, sSavingsID, sDescription, scurrencyid) values
-  (1, 1, 'Thrift', 1), (1, 2, 'Old age', null), (2, 1, 'Thrift', 1)
+  (1, 1, 'Thrift', 1), (1, 2, 'Old age', 1), (1, 3, 'Relief', null), (2, 1, 'Thrift', 1)
 go
 insert into pFacilityMaster (fmCompanyID, fmFacilityID, fmFacilityName, fmdeductionid, fmcurrencyid) values
   (1, 1, 'Motor cycle', 3, 1), (1, 2, 'Company quarters', 5, 1), (2, 1, 'Tool set', 4, 1)
@@ -86,7 +86,7 @@ go
 
 -- ---- Single employees' cases; the people stand in demo_people.cpp ----
 
--- 121 is paid in dollars and owes rupees: negative pay.
+-- 121 is paid in dollars and owes rupees, and saves in a scheme without a currency: negative pay in both.
 insert into pempdeductions (edcompanyid, edempid, eddeductionid, edamount) values (1, 121, 2, 300.25)
 go
 -- 101: a loan nearly repaid beside a running one, one paid back in cash, one cancelled; 103: one that has ended.
@@ -100,11 +100,12 @@ go
 insert into popeningsavings (osCompanyID, osID, osSavingsID, osEmpID, osCurrentBalance, osInstallmentAmount,
   osDeductionMode, osActive, osCancelled) values
   (1, 1, 1, 101, 5000, 250, 1, 1, 0), (1, 2, 1, 102, 5000, 250, 1, 1, 0), (1, 3, 2, 104, 0, 300, 1, 1, 0),
-  (1, 4, 2, 105, 180, 300, 1, 1, 0), (2, 1, 1, 202, 900, 75, 1, 1, 0)
+  (1, 4, 2, 105, 180, 300, 1, 1, 0), (1, 5, 3, 121, 60, 20, 1, 1, 0), (2, 1, 1, 202, 900, 75, 1, 1, 0)
 go
 insert into psavingsdetails (sdCompanyID, sdSavingsID, sdOpenSavingID, sdDate) values
   (1, 1, 1, '2026/03/15'), (1, 1, 1, '2026/04/01'), (1, 1, 1, '2026/04/30'), (1, 1, 2, '2026/03/31'),
-  (1, 1, 2, '2026/05/01'), (1, 2, 3, '2026/04/10'), (1, 2, 4, '2026/04/15'), (2, 1, 1, '2026/04/25')
+  (1, 1, 2, '2026/05/01'), (1, 2, 3, '2026/04/10'), (1, 2, 4, '2026/04/15'), (1, 3, 5, '2026/04/15'),
+  (2, 1, 1, '2026/04/25')
 go
 -- 101: two costs of one deduction type and one of another; 102: cancelled; 106: recovered in March; 107: nothing.
 insert into pFacilityTrackingHeader (fthCompanyID, fthTrackingID, fthTrackingNo, fthFacilityID, fthEmployeeID,

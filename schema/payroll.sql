@@ -1,6 +1,10 @@
 -- The payroll database: tables, keys, indexes, the pay-month view and the formula parameters.
 -- Statements stand between lines that say go; whole lines of comment alone. The embedded engine and a
 -- Transact-SQL server run them unchanged.
+--
+-- Keys and indexes of what grows begin with the column that selects most (an employee, a sheet, an entry) and name
+-- the company behind it: an engine without statistics takes a first column for selective, and would read all of
+-- a company's rows to find one employee's.
 
 -- ---- System and session ----
 
@@ -140,7 +144,7 @@ create table pLoansIssue (
   liDeductionMode smallint,
   primary key (liCompanyID, liID))
 go
-create index ixLoansIssueEmployee on pLoansIssue (liCompanyID, liEmpID)
+create index ixLoansIssueEmployee on pLoansIssue (liEmpID, liCompanyID)
 go
 create table popeningsavings (
   osCompanyID smallint not null,
@@ -154,7 +158,7 @@ create table popeningsavings (
   osCancelled smallint,
   primary key (osCompanyID, osID))
 go
-create index ixOpeningSavingsEmployee on popeningsavings (osCompanyID, osEmpID)
+create index ixOpeningSavingsEmployee on popeningsavings (osEmpID, osCompanyID)
 go
 create table psavingsdetails (
   sdCompanyID smallint not null,
@@ -162,7 +166,7 @@ create table psavingsdetails (
   sdOpenSavingID int not null,
   sdDate datetime not null)
 go
-create index ixSavingsDetailsAccount on psavingsdetails (sdCompanyID, sdOpenSavingID, sdDate)
+create index ixSavingsDetailsAccount on psavingsdetails (sdOpenSavingID, sdCompanyID, sdDate)
 go
 create table pFacilityTrackingHeader (
   fthCompanyID smallint not null,
@@ -174,7 +178,7 @@ create table pFacilityTrackingHeader (
   fthCancelled smallint,
   primary key (fthCompanyID, fthTrackingID))
 go
-create index ixFacilityTrackingEmployee on pFacilityTrackingHeader (fthCompanyID, fthEmployeeID)
+create index ixFacilityTrackingEmployee on pFacilityTrackingHeader (fthEmployeeID, fthCompanyID)
 go
 
 -- ---- Attendance, leave, calendars ----
@@ -186,9 +190,9 @@ create table pEmployeeattendence (
   eaStartDate datetime not null,
   eaEndDate datetime not null,
   eaCancelled smallint,
-  primary key (eacompanyid, eaid))
+  primary key (eaid, eacompanyid))
 go
-create index ixAttendanceEmployee on pEmployeeattendence (eacompanyid, eaEmpID, eaStartDate)
+create index ixAttendanceEmployee on pEmployeeattendence (eaEmpID, eacompanyid, eaStartDate)
 go
 create table pempattendancedetail (
   eadAttendanceID int not null,
@@ -196,7 +200,7 @@ create table pempattendancedetail (
   eaddate datetime not null,
   eadtype varchar(4))
 go
-create index ixAttendanceDetailSheet on pempattendancedetail (eadcompanyid, eadAttendanceID, eaddate)
+create index ixAttendanceDetailSheet on pempattendancedetail (eadAttendanceID, eadcompanyid, eaddate)
 go
 create table pEmpAttendanceAllowanceDeductions (
   eaadAttendanceID int not null,
@@ -206,7 +210,7 @@ create table pEmpAttendanceAllowanceDeductions (
   eaadAllowanceID int,
   eaadDeductionID int)
 go
-create index ixAttendanceHoursSheet on pEmpAttendanceAllowanceDeductions (eaadCompanyID, eaadAttendanceID)
+create index ixAttendanceHoursSheet on pEmpAttendanceAllowanceDeductions (eaadAttendanceID, eaadCompanyID)
 go
 create table pleaves (
   lCompanyID smallint not null,
@@ -221,7 +225,7 @@ create table pleaveregisterheader (
   lrhcancelled smallint,
   primary key (lrhCompanyID, lrhID))
 go
-create index ixLeaveRegisterEmployee on pleaveregisterheader (lrhCompanyID, lrhempid)
+create index ixLeaveRegisterEmployee on pleaveregisterheader (lrhempid, lrhCompanyID)
 go
 create table pleaveregisterdetail (
   lrdCompanyID smallint not null,
@@ -230,7 +234,7 @@ create table pleaveregisterdetail (
   lrdFromDate datetime not null,
   lrdToDate datetime not null,
   lrdNoofDays decimal(6,1),
-  primary key (lrdCompanyID, lrdID, lrdLeaveID, lrdFromDate))
+  primary key (lrdID, lrdCompanyID, lrdLeaveID, lrdFromDate))
 go
 create table pleavecancellationheader (
   lchcompanyid smallint not null,
@@ -245,7 +249,7 @@ create table pleavecancellationdetail (
   lcdlrdleaveid int not null,
   status varchar(4))
 go
-create index ixLeaveCancellationRegister on pleavecancellationdetail (lcdcompanyid, lcdlrdid, lcdlrdleaveid)
+create index ixLeaveCancellationRegister on pleavecancellationdetail (lcdlrdid, lcdcompanyid, lcdlrdleaveid)
 go
 create table pcalenderheader (
   CompanyID smallint not null,
@@ -254,7 +258,7 @@ create table pcalenderheader (
   financialid int,
   primary key (CompanyID, CalenderID))
 go
-create index ixCalendarYear on pcalenderheader (CompanyID, financialid, departmentid)
+create index ixCalendarYear on pcalenderheader (financialid, CompanyID, departmentid)
 go
 create table pCalenderDetail (
   CompanyID smallint not null,
@@ -279,22 +283,23 @@ create table pempmonthlyentryheader (
   emhCancelled smallint not null,
   emhCancelledRemarks varchar(500),
   emhprocessed smallint,
-  primary key (emhCompanyID, emhID))
+  primary key (emhID, emhCompanyID))
 go
 -- What two clerks at work at the same moment must not do: enter one employee's period twice,
-create unique index uxMonthlyEntryLive on pempmonthlyentryheader (emhCompanyID, emhempID, emhstartdate)
+create unique index uxMonthlyEntryLive on pempmonthlyentryheader (emhempID, emhCompanyID, emhstartdate)
   where emhCancelled = 0
 go
 -- or use an entry number twice. Cancelled entries keep theirs.
 create unique index uxMonthlyEntryNumber on pempmonthlyentryheader (emhCompanyID, emhNo)
   where emhNo is not null
 go
--- The next key is taken over all companies.
-create index ixMonthlyEntryKey on pempmonthlyentryheader (emhID)
+-- The next number is the largest of a company's, whatever stands before the digits: all are read, from here.
+create index ixMonthlyEntryNumber on pempmonthlyentryheader (emhCompanyID, emhNo)
 go
-create index ixMonthlyEntryDate on pempmonthlyentryheader (emhCompanyID, emhDate)
+-- Who has an entry in a month, and which entries hold a balance, are read from the indexes alone.
+create index ixMonthlyEntryDate on pempmonthlyentryheader (emhCompanyID, emhDate, emhCancelled, emhempID)
 go
-create index ixMonthlyEntryEmployee on pempmonthlyentryheader (emhCompanyID, emhempID, emhDate)
+create index ixMonthlyEntryEmployee on pempmonthlyentryheader (emhempID, emhCompanyID, emhDate, emhCancelled)
 go
 -- No key: hours booked on a standing allowance make a second row of it.
 create table pemployeeallowancedetail (
@@ -304,7 +309,7 @@ create table pemployeeallowancedetail (
   eadamount decimal(18,2),
   eaddefault smallint)
 go
-create index ixAllowanceDetailEntry on pemployeeallowancedetail (eadcompanyid, eadid)
+create index ixAllowanceDetailEntry on pemployeeallowancedetail (eadid, eadcompanyid)
 go
 create table pemployeeDeductiondetail (
   eddcompanyid smallint not null,
@@ -317,7 +322,7 @@ create table pemployeeDeductiondetail (
   eddOpenSavingsID int,
   eddType varchar(2),
   eddamount decimal(18,2),
-  primary key (eddcompanyid, eddid, eddDetailID))
+  primary key (eddid, eddcompanyid, eddDetailID))
 go
 create table pempfacilitydeductiondetail (
   efdcompanyid smallint not null,
@@ -326,9 +331,9 @@ create table pempfacilitydeductiondetail (
   efdtrackingid int not null,
   efddedamount decimal(18,2),
   efdfacilityamt decimal(18,2),
-  primary key (efdcompanyid, efdid, efddetailid))
+  primary key (efdid, efdcompanyid, efddetailid))
 go
-create index ixFacilityDetailTracking on pempfacilitydeductiondetail (efdcompanyid, efdtrackingid)
+create index ixFacilityDetailTracking on pempfacilitydeductiondetail (efdtrackingid, efdcompanyid)
 go
 create table pEmployeeCurrentDetails (
   ecdCompanyID smallint not null,
@@ -336,7 +341,7 @@ create table pEmployeeCurrentDetails (
   ecdDetailID smallint not null,
   ecdAmount float,
   ecdMode smallint,
-  primary key (ecdCompanyID, ecdPaySlateID, ecdDetailID))
+  primary key (ecdPaySlateID, ecdCompanyID, ecdDetailID))
 go
 
 -- ---- Pay months and formula parameters ----

@@ -23,14 +23,16 @@ enum class Edit { None, Changing, Adding };
 using Row = std::vector<basic::Value>;
 
 bool holdsNumbers(const Column& column) {
-  return column.type == ColumnType::Integer || column.type == ColumnType::Decimal || column.type == ColumnType::Double;
+  return column.type == ColumnType::Integer || column.type == ColumnType::Decimal ||
+         column.type == ColumnType::Double;
 }
 
 // A database may read an empty text as 0; a field does not: what is no number must not become one unseen.
 void refuseTextWithoutNumber(const Column& column, const basic::Value& value) {
   const auto* text = std::get_if<std::string>(&value);
   if (text == nullptr || !holdsNumbers(column) || basic::IsNumeric(*text)) return;
-  throw Error("The text \"" + *text + "\" cannot be stored in " + column.name + ", which holds numbers", "22018");
+  throw Error("The text \"" + *text + "\" cannot be stored in " + column.name + ", which holds numbers",
+              "22018");
 }
 
 }  // namespace
@@ -60,6 +62,7 @@ struct Recordset::Rows {
   void refuseReadOnly() const;
   std::shared_ptr<Session> openSession() const;
   BaseTable& baseTable();
+  void refuseToEditCurrent();
   void beginEdit(Edit kind);
   void insert();
   void rewrite();
@@ -123,6 +126,13 @@ BaseTable& Recordset::Rows::baseTable() {
       throw Error("Rows cannot be written: \"" + source + "\" does not stand on one table", notSupported);
   }
   return *table;
+}
+
+void Recordset::Rows::refuseToEditCurrent() {
+  refuseReadOnly();
+  row("edit");
+  if (baseTable().key.empty())
+    throw Error("Rows of " + baseTable().name + " cannot be rewritten: the table has no key", notSupported);
 }
 
 void Recordset::Rows::beginEdit(Edit kind) {
@@ -299,15 +309,10 @@ std::string Field::Text() const {
 
 Field& Field::operator=(basic::Value value) {
   Recordset::Rows& open = recordset_->rows("assign a field");
-  if (open.edit == Edit::None) {
-    open.refuseReadOnly();
-    open.row("edit");
-    if (open.baseTable().key.empty())
-      throw Error("Rows of " + open.baseTable().name + " cannot be rewritten: the table has no key",
-                  notSupported);
-    open.beginEdit(Edit::Changing);
-  }
+  const bool begins = open.edit == Edit::None;
+  if (begins) open.refuseToEditCurrent();
   refuseTextWithoutNumber(open.columns[index_], value);
+  if (begins) open.beginEdit(Edit::Changing);
   open.assigned[index_] = std::move(value);
   return *this;
 }

@@ -25,7 +25,8 @@ class Field {
   /// Value joined to empty text (Null is ""), dates as yyyy/mm/dd.
   [[nodiscard]] std::string Text() const;
   /// Assigns to the row being added, or edits the current row; sent by Update. Error when the recordset is
-  /// read-only, has no current row, or does not stand on exactly one table.
+  /// read-only, has no current row, or does not stand on exactly one table, and for text that is no number in
+  /// a column of numbers; a refused assignment begins no edit.
   Field& operator=(basic::Value value);
   Field(const Field&) = default;
   Field& operator=(const Field& other) { return *this = other.Value(); }  ///< Assigns the other's value.

@@ -152,7 +152,7 @@ TEST_F(DemoTest, HasSomebodyForEveryRule) {
                 "liDeductionMode=1",
                 "3900.5"},
            Case{"select count(*) from psavingsdetails where sdDate between '2026/04/01' and '2026/04/30'",
-                "5"},
+                "6"},
            Case{"select count(*) from pFacilityTrackingHeader where fthCompanyID=1 and fthCancelled=0 and "
                 "fthDeductionAmt>0 and fthTrackingID not in (select distinct efdtrackingid from "
                 "pempfacilitydeductiondetail where efdcompanyid=1)",
