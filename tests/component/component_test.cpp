@@ -76,7 +76,8 @@ TEST(Helpers, AComboThatCannotBeFilledSaysWhatToCheck) {
     bas.FillCombo(form.combo, "id", "name");
     FAIL() << "an empty table name was accepted";
   } catch (const ado::Error& error) {
-    EXPECT_TRUE(error.Description.ends_with("\rHINT: Check whether Properties assigned")) << error.Description;
+    EXPECT_TRUE(error.Description.ends_with("\rHINT: Check whether Properties assigned"))
+        << error.Description;
   }
 }
 
@@ -93,9 +94,17 @@ TEST(CommonGen, LetsOnlyNumbersBeTyped) {
     char key;
     bool passes;
   } cases[] = {
-      {"", 0, 0, '1', true},          {"", 0, 0, '.', true},     {"1.5", 3, 0, '.', false}, {"1.55", 4, 0, '5', false},
-      {"1.55", 0, 0, '5', true},      {"1.55", 3, 1, '9', true}, {"1", 0, 0, '-', false},   {"1", 1, 0, 'e', false},
-      {"1", 1, 0, '\r', true},        {"1", 1, 0, '\b', true},   {"1.5", 0, 3, '.', true},
+      {"", 0, 0, '1', true},
+      {"", 0, 0, '.', true},
+      {"1.5", 3, 0, '.', false},
+      {"1.55", 4, 0, '5', false},
+      {"1.55", 0, 0, '5', true},
+      {"1.55", 3, 1, '9', true},
+      {"1", 0, 0, '-', false},
+      {"1", 1, 0, 'e', false},
+      {"1", 1, 0, '\r', true},
+      {"1", 1, 0, '\b', true},
+      {"1.5", 0, 3, '.', true},
       {"123456789012345678", 0, 0, '9', false},
       {"123456789012345678", 18, 0, '.', true},
       {"1234567890.55", 2, 0, '.', false},

@@ -22,8 +22,10 @@ class Persistence : public ::testing::Test {
     session_.strMode = EntryMode::New;
     session_.dtPeriodStart = basic::Date::fromCalendar(2026, 4, 1);
     session_.dtPeriodEnd = basic::Date::fromCalendar(2026, 4, 30);
-    session_.adocon()->Execute("insert into pPrefix (CompanyID, InterfaceID, Prefix) values (1, 70000, 'EN')");
-    session_.adocon()->Execute("insert into pemployee (eCompanyID, eEmpID, eName, eBasic) values (1, 70001, 'Asha', 30000)");
+    session_.adocon()->Execute(
+        "insert into pPrefix (CompanyID, InterfaceID, Prefix) values (1, 70000, 'EN')");
+    session_.adocon()->Execute(
+        "insert into pemployee (eCompanyID, eEmpID, eName, eBasic) values (1, 70001, 'Asha', 30000)");
     database_.adocon(session_.adocon());
     entry_.employeeId = 70001;
     entry_.entryDate = session_.dtPeriodEnd;
@@ -46,7 +48,8 @@ class Persistence : public ::testing::Test {
     for (; !result.Eof(); result.MoveNext()) {
       for (std::size_t field = 0; field < result.FieldCount(); ++field) {
         const basic::Value value = result.Fields(field).Value();
-        text += (field == 0 ? "" : " ") + (basic::isNull(value) ? std::string("-") : result.Fields(field).Text());
+        text +=
+            (field == 0 ? "" : " ") + (basic::isNull(value) ? std::string("-") : result.Fields(field).Text());
       }
       text += "|";
     }
@@ -59,7 +62,8 @@ class Persistence : public ::testing::Test {
 };
 
 constexpr const char* deductionRows =
-    "select eddDetailID, edddeductionid, eddloanid, eddsavingsid, eddLoanIssueID, eddOpenSavingsID, eddType, eddamount "
+    "select eddDetailID, edddeductionid, eddloanid, eddsavingsid, eddLoanIssueID, eddOpenSavingsID, eddType, "
+    "eddamount "
     "from pemployeeDeductiondetail order by eddDetailID";
 constexpr const char* movementRows =
     "select ecdDetailID, ecdAmount, ecdMode from pEmployeeCurrentDetails order by ecdDetailID";
@@ -74,17 +78,21 @@ TEST_F(Persistence, EachKindOfRowFillsItsColumns) {
                        {"4", "Thrift", "200", "9", "S", "Rs", "61"},
                        {"5", "Late", "1", "4", "l", "Rs", "77"}};
   save();
-  EXPECT_EQ(rows("select eadallowanceid, eadamount, eaddefault from pemployeeallowancedetail order by eadallowanceid"),
+  EXPECT_EQ(rows("select eadallowanceid, eadamount, eaddefault from pemployeeallowancedetail order by "
+                 "eadallowanceid"),
             "11 1500 1|12 20.5 0|");
-  EXPECT_EQ(rows(deductionRows), "1 2 - - - - D 300.25|3 - 5 - 51 - L 400|4 - - 9 - 61 S 200|5 4 - - - - l 1|");
+  EXPECT_EQ(rows(deductionRows),
+            "1 2 - - - - D 300.25|3 - 5 - 51 - L 400|4 - - 9 - 61 S 200|5 4 - - - - l 1|");
   EXPECT_EQ(rows(movementRows), "1 300 -1|2 1000 1|");
-  EXPECT_EQ(rows("select emhID, emhNo, emhbasicpay, emhpaidcash, emhOrginalBasic from pempmonthlyentryheader"),
-            "1 EN1 28000.01 0 30000|");
+  EXPECT_EQ(
+      rows("select emhID, emhNo, emhbasicpay, emhpaidcash, emhOrginalBasic from pempmonthlyentryheader"),
+      "1 EN1 28000.01 0 30000|");
 }
 
 TEST_F(Persistence, AnEntryWrittenAgainHasOneSetOfRowsAndKeepsNumberAndDate) {
   entry_.allowances = {{"1", "House", "1500.00", "11", "Y", "Rs"}};
-  entry_.deductions = {{"1", "Salary Carry Forward", "10", "", "B", "Rs", ""}, {"2", "Canteen", "1", "2", "D", "Rs", ""}};
+  entry_.deductions = {{"1", "Salary Carry Forward", "10", "", "B", "Rs", ""},
+                       {"2", "Canteen", "1", "2", "D", "Rs", ""}};
   const std::int32_t id = save();
   session_.strMode = EntryMode::Existing;
   entry_.browseEntryId = std::to_string(id);
@@ -93,7 +101,8 @@ TEST_F(Persistence, AnEntryWrittenAgainHasOneSetOfRowsAndKeepsNumberAndDate) {
   entry_.allowances.clear();
   save();
   EXPECT_EQ(save(), id);
-  EXPECT_EQ(rows("select emhID, emhNo, emhDate, emhpaidcash from pempmonthlyentryheader"), "1 EN1 2026/04/30 2|");
+  EXPECT_EQ(rows("select emhID, emhNo, emhDate, emhpaidcash from pempmonthlyentryheader"),
+            "1 EN1 2026/04/30 2|");
   EXPECT_EQ(rows("select count(*) from pemployeeallowancedetail"), "0|");
   EXPECT_EQ(rows(deductionRows), "2 2 - - - - D 1|");
   EXPECT_EQ(rows(movementRows), "1 10 1|");

@@ -1,4 +1,5 @@
-// A save that the database breaks off, at every single request: nothing of it is stored, and the form keeps all.
+// A save that the database breaks off, at every single request: nothing of it is stored, and the form keeps
+// all.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -51,7 +52,9 @@ class FaultyProvider : public ado::Provider {
     real_->commit();
   }
   void rollback() override { real_->rollback(); }
-  std::optional<ado::BaseTable> baseTable(std::string_view statement) override { return real_->baseTable(statement); }
+  std::optional<ado::BaseTable> baseTable(std::string_view statement) override {
+    return real_->baseTable(statement);
+  }
   void insert(const ado::BaseTable& table, const std::vector<ado::Assignment>& row) override {
     faults.request();
     real_->insert(table, row);
@@ -143,14 +146,16 @@ class SaveFaults : public ::testing::Test {
 
   long count(const std::string& what) {
     ado::Recordset rows;
-    rows.Open("select count(*) from " + what, *connection_, ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);
+    rows.Open("select count(*) from " + what, *connection_, ado::CursorType::ForwardOnly,
+              ado::LockType::ReadOnly);
     return basic::CLng(rows.Fields(0).Value());
   }
 
   std::vector<long> storedRows() {
     std::vector<long> counts;
-    for (const char* table : {"pempmonthlyentryheader", "pemployeeallowancedetail", "pemployeeDeductiondetail",
-                              "pEmployeeCurrentDetails", "pempfacilitydeductiondetail"})
+    for (const char* table :
+         {"pempmonthlyentryheader", "pemployeeallowancedetail", "pemployeeDeductiondetail",
+          "pEmployeeCurrentDetails", "pempfacilitydeductiondetail"})
       counts.push_back(count(table));
     return counts;
   }
@@ -177,7 +182,8 @@ class SaveFaults : public ::testing::Test {
 
 TEST_F(SaveFaults, EveryRequestOfASaveCanFailWithoutATrace) {
   const std::vector<long> before = storedRows();
-  // Each refused save leaves the employee to be entered; the first request that does not exist stores the entry.
+  // Each refused save leaves the employee to be entered; the first request that does not exist stores the
+  // entry.
   int request = 1;
   for (SavingClerk clerk = enter(request); clerk.messages.size() > 0; clerk = enter(++request)) {
     SCOPED_TRACE("request " + std::to_string(request));
