@@ -1,6 +1,5 @@
 # What every target of this project shares. Targets of other projects never see it.
 option(PAYSLATE_TESTS "Build the tests" ON)
-option(PAYSLATE_BENCH "Build the measurements" OFF)
 option(PAYSLATE_STRICT "Warnings are errors" OFF)
 option(PAYSLATE_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 
