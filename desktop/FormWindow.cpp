@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QHelpEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QToolTip>
@@ -89,7 +90,24 @@ void FormWindow::watch() {
   }
 }
 
+// Qt keeps what it measured before fonts and captions were known; inner parts come first.
+void FormWindow::measureAgain() {
+  QList<QWidget*> parts = findChildren<QWidget*>();
+  for (QWidget* part : parts) {
+    part->ensurePolished();
+    part->updateGeometry();
+  }
+  std::reverse(parts.begin(), parts.end());
+  parts.append(this);
+  for (const QWidget* part : parts) {
+    if (part->layout() == nullptr) continue;
+    part->layout()->invalidate();
+    part->layout()->activate();
+  }
+}
+
 void FormWindow::open() {
+  measureAgain();
   const QSize room = screen()->availableSize() * 9 / 10;
   resize(sizeHint().boundedTo(room));
   show();

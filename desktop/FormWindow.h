@@ -51,6 +51,7 @@ class FormWindow : public QDialog {
 
  private:
   void watch();
+  void measureAgain();
   [[nodiscard]] View* viewOf(const QWidget& part) const;
   bool keyPressed(View* view, const QKeyEvent& event);
   bool focusCame(View* view);

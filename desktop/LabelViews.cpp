@@ -14,7 +14,7 @@
 namespace payslate::desktop {
 
 namespace {
-constexpr int shortestLabel = 8;  // characters that a label keeps when room is short
+constexpr int shortestLabel = 16;  // characters that a label keeps when room is short
 }
 
 QSize ElidingLabel::minimumSizeHint() const {

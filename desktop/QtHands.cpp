@@ -85,8 +85,12 @@ void QtHands::key(ui::Form& form, const ui::Key& key) {
 
 void QtHands::selectAll(ui::Control& control) {
   if (bringFocus(control)) {
-    View* view = reach(control);
+    const View* view = reach(control);
+    // Without this, the next press here would count as one more of the three.
+    const int usual = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(0);
     clickAt(*view->widget(), view->pressPoint(), Qt::LeftButton, Press::ThreeTimes);
+    QApplication::setDoubleClickInterval(usual);
   }
   done();
 }

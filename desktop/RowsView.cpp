@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -22,6 +23,19 @@ constexpr int widestTable = 110;    // characters that a table asks for; it may 
 constexpr int narrowestTable = 30;  // characters
 constexpr int rowPadding = 6;
 constexpr int headerPadding = 3;  // characters beside a caption
+
+// Cells with some air: a right-aligned number must not touch the text beside it.
+class AiryStyle : public QProxyStyle {
+ public:
+  [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                const QWidget* widget) const override {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin ? usual + air : usual;
+  }
+
+ private:
+  static constexpr int air = 4;
+};
 }  // namespace
 
 RowsTable::RowsTable(const ui::RowControl& rows, QWidget* parent)
@@ -29,6 +43,10 @@ RowsTable::RowsTable(const ui::RowControl& rows, QWidget* parent)
       control_(rows),
       model_(new RowsModel(rows, this)),
       delegate_(new RowsDelegate(this)) {
+  auto* airy = new AiryStyle;
+  airy->setParent(this);
+  setStyle(airy);
+  horizontalHeader()->setStyle(airy);
   setModel(model_);
   setItemDelegate(delegate_);
   setSelectionBehavior(SelectRows);

@@ -14,7 +14,10 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
+#include <QWindow>
+#include <algorithm>
 
 #include "desktop/FormWindow.h"
 #include "desktop/QtDesktop.h"
@@ -177,6 +180,9 @@ TEST_F(Desktop, SuggestsItemsThatContainWhatIsTyped) {
     press(name, Qt::Key_Return);
     EXPECT_EQ(form.cboName.ListIndex(), 3);
     EXPECT_FALSE(offered->isVisible());
+    for (int more = 0; more < 1000; ++more) form.cboName.AddItem("Clerk " + std::to_string(more));
+    hands.choose(form.cboName, 900);
+    EXPECT_EQ(form.cboName.Text(), "Clerk 896");
   });
 }
 
@@ -263,6 +269,51 @@ TEST_F(Desktop, WaitsForItsUser) {
   EXPECT_FALSE(form->isLoaded());
   EXPECT_EQ(log.back(), "unload 0");
   EXPECT_EQ(windows.window(*form), nullptr);
+}
+
+// The same through the window system: modality, popups, focus and double clicks are Qt's there.
+TEST_F(Desktop, TakesWhatTheWindowSystemSends) {
+  attend([this](ToyForm& form, QWidget& window) {
+    QWindow* handle = window.windowHandle();
+    const auto click = [&](const char* name, QPoint at, bool twice = false) {
+      const QPoint there = part<QWidget>(window, name).mapTo(&window, at);
+      if (twice)
+        QTest::mouseDClick(handle, Qt::LeftButton, {}, there);
+      else
+        QTest::mouseClick(handle, Qt::LeftButton, {}, there);
+      windows.settle();
+    };
+    const auto strike = [&](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+      QTest::keyClick(handle, key, held);
+      windows.settle();
+    };
+    click("chkHold", {8, 8});
+    EXPECT_TRUE(form.chkHold.checked());
+    strike(Qt::Key_H, Qt::AltModifier);
+    EXPECT_FALSE(form.chkHold.checked());
+    strike(Qt::Key_N, Qt::AltModifier);
+    strike(Qt::Key_7);
+    EXPECT_EQ(form.txtNumber.Text(), "7");
+    strike(Qt::Key_Tab);
+    EXPECT_EQ(form.ActiveControl(), &form.txtAmount);
+    strike(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(form.ActiveControl(), &form.txtNumber);
+    click("cmdOff", {5, 5});
+    EXPECT_EQ(form.ActiveControl(), &form.txtNumber);
+    log.clear();
+    const QPoint row = part<QTableView>(window, "lvwItems").viewport()->pos() + QPoint(100, 5);
+    click("lvwItems", row, true);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "lvwItems click"), 1);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "lvwItems double click"), 1);
+    click("cboKind", {5, 5});
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QWindow* popup = QApplication::activePopupWidget()->windowHandle();
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Return}) QTest::keyClick(popup, key);
+    windows.settle();
+    EXPECT_EQ(form.cboKind.ListIndex(), 1);
+    strike(Qt::Key_Escape);
+    EXPECT_FALSE(form.isLoaded());
+  });
 }
 
 TEST_F(Desktop, LeavesAtOnceWhenItsClerkFails) {

@@ -69,6 +69,11 @@ const Step steps[] = {
        toy.hands.selectAll(toy.form.txtNumber);
        toy.type("x");
        toy.hands.paste(toy.form.txtNumber, "a-b\nc");
+       toy.hands.selectAll(toy.form.txtNumber);
+       toy.press("Left");
+       toy.hands.focus(toy.form.chkHold);
+       toy.hands.focus(toy.form.txtNumber);
+       toy.type("y");
      }},
     {"a selection that the program makes on entry is replaced",
      [](const Bench& toy) {
