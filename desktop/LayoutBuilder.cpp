@@ -23,12 +23,13 @@ bool isTall(const Layout& node) {
   return std::any_of(node.children.begin(), node.children.end(), isTall);
 }
 
-// A line of fields whose labels and controls may stand under those of other lines.
+// A line of fields whose labels and controls may stand under those of other lines; room at its end is no
+// matter.
 bool isFieldLine(const Layout& node) {
-  if (node.kind == Kind::Field) return !isTall(node);
-  if (node.kind != Kind::Row || node.children.empty()) return false;
-  return std::all_of(node.children.begin(), node.children.end(),
-                     [](const Layout& child) { return child.kind == Kind::Field && !isTall(child); });
+  const auto isField = [](const Layout& one) { return one.kind == Kind::Field && !isTall(one); };
+  if (node.kind != Kind::Row || node.children.empty()) return isField(node);
+  const auto end = node.children.end() - (node.children.back().kind == Kind::Space ? 1 : 0);
+  return end != node.children.begin() && std::all_of(node.children.begin(), end, isField);
 }
 
 // Lines of fields below each other share their column edges also where nobody asked for it.
@@ -144,9 +145,11 @@ bool LayoutBuilder::addGridLine(QGridLayout& grid, int line, const Layout& node)
       node.kind == Kind::Field || several ||
       (node.kind == Kind::Row && !node.children.empty() && node.children.front().kind == Kind::Field);
   if (!startsWithField || isTall(node)) return false;
-  int column = 0;
-  for (std::size_t i = 0; i < (several ? node.children.size() : 1); ++i) {
+  const std::size_t room = several && node.children.back().kind == Kind::Space ? 1 : 0;
+  const std::size_t count = several ? node.children.size() - room : 1;
+  for (std::size_t i = 0; i < count; ++i) {
     const Layout& field = node.kind == Kind::Field ? node : node.children[i];
+    const int column = static_cast<int>(2 * i);
     QWidget* label = labelOf(field);
     if (column > 0) label->setContentsMargins(widthOf(window_, fieldGap), 0, 0, 0);
     grid.addWidget(label, line, column);
@@ -155,8 +158,7 @@ bool LayoutBuilder::addGridLine(QGridLayout& grid, int line, const Layout& node)
     if (!several && node.kind == Kind::Row)
       for (std::size_t rest = 1; rest < node.children.size(); ++rest) add(*content, node.children[rest]);
     fillUp(*content);
-    grid.addLayout(content, line, column + 1, 1, several ? 1 : -1);
-    column += 2;
+    grid.addLayout(content, line, column + 1, 1, i + 1 < count ? 1 : -1);
   }
   return true;
 }

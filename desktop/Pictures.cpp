@@ -7,7 +7,7 @@
 namespace payslate::desktop {
 
 Pictures::Pictures(QString folder) : folder_(std::move(folder)) {
-  if (!QDir().mkpath(folder_)) qWarning("The folder %s cannot be created.", qPrintable(folder_));
+  if (!QDir().mkpath(folder_)) qCritical("The folder %s cannot be created.", qPrintable(folder_));
 }
 
 void Pictures::take(QWidget& window, const QString& name) {
@@ -17,7 +17,7 @@ void Pictures::take(QWidget& window, const QString& name) {
   const QString file = QStringLiteral("%1-%2.png").arg(++taken_, 2, 10, QLatin1Char('0')).arg(name);
   if (image.save(QDir(folder_).filePath(file)) || failed_) return;
   failed_ = true;
-  qWarning("The picture %s cannot be written to %s.", qPrintable(file), qPrintable(folder_));
+  qCritical("The picture %s cannot be written to %s.", qPrintable(file), qPrintable(folder_));
 }
 
 }  // namespace payslate::desktop

@@ -127,7 +127,7 @@ void QtDesktop::waitForUser(FormWindow& window) {
 }
 
 void QtDesktop::showModal(ui::Form& form) {
-  if (failure_) return;
+  if (failure_) return form.abandon();
   {
     QWidget* behind = windows_.empty() ? QApplication::activeWindow() : windows_.back();
     FormWindow window(form, behind);
@@ -145,6 +145,7 @@ void QtDesktop::showModal(ui::Form& form) {
       askClerk([&] { clerk_->attend(form); });
     }
     picture(window, window.objectName());
+    form.abandon();  // where the clerk went away
   }
   if (windows_.empty()) throwClerksFailure();
 }

@@ -21,6 +21,7 @@ constexpr int rowsShown = 10;
 constexpr int fewestRowsShown = 3;
 constexpr int widestTable = 110;    // characters that a table asks for; it may become wider
 constexpr int narrowestTable = 30;  // characters
+constexpr int narrowestText = 16;   // characters
 constexpr int rowPadding = 6;
 constexpr int headerPadding = 3;  // characters beside a caption
 
@@ -89,7 +90,7 @@ void RowsTable::layColumns() {
   updateGeometry();
 }
 
-// The widest column of text takes the room that is left.
+// The widest column of text takes the room that is left, and gives what the others lack.
 void RowsTable::fillRoom() {
   int widest = -1;
   int used = 0;
@@ -100,8 +101,10 @@ void RowsTable::fillRoom() {
         control_.columns()[static_cast<std::size_t>(column)].alignment == ui::Alignment::Left && width > 0;
     if (isText && (widest < 0 || width > columnWidthOf(widest))) widest = column;
   }
-  if (widest >= 0 && used < viewport()->width())
-    setColumnWidth(widest, columnWidthOf(widest) + viewport()->width() - used);
+  if (widest < 0) return;
+  const int usual = columnWidthOf(widest);
+  const int least = std::min(usual, widthOf(*this, narrowestText));
+  setColumnWidth(widest, std::max(least, usual + viewport()->width() - used));
 }
 
 void RowsTable::resizeEvent(QResizeEvent* event) {

@@ -324,6 +324,7 @@ TEST_F(Desktop, LeavesAtOnceWhenItsClerkFails) {
   form->load();
   EXPECT_THROW(form->Show(), std::logic_error);
   EXPECT_EQ(windows.activeForm(), nullptr);
+  EXPECT_FALSE(form->isLoaded());
   EXPECT_EQ(log.back(), "popup gone");
 }
 

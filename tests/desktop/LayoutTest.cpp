@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QScrollBar>
+#include <QTableView>
 #include <QWidget>
 
 #include "desktop/FormWindow.h"
@@ -45,6 +47,10 @@ class Drawing {
     QCoreApplication::processEvents();
     EXPECT_EQ(part(growing).size(), small + QSize(added, added));
     for (std::size_t i = 0; i < steady.size(); ++i) EXPECT_EQ(part(steady[i]).size(), before[i]) << steady[i];
+    window_.resize(window_.width() - added, window_.height() - added);
+    QCoreApplication::processEvents();
+    for (const auto* table : window_.findChildren<QTableView*>())
+      EXPECT_EQ(table->horizontalScrollBar()->maximum(), 0) << "columns keep room that is gone";
   }
 
  private:
