@@ -4,8 +4,8 @@
 #include <compare>
 
 #include "platform/basic/Numbers.h"
+#include "platform/basic/Unicode.h"
 #include "platform/ui/Grid.h"
-#include "platform/ui/Utf8.h"
 
 namespace payslate {
 
@@ -17,7 +17,7 @@ namespace {
 
 // The cell cut to the length of the text as typed, blanks around it included.
 std::string cutTo(const std::string& cell, const std::string& typed) {
-  return ui::utf8(ui::utf32(Trim(cell)).substr(0, ui::utf32(typed).size()));
+  return basic::encoded(basic::characters(Trim(cell)).substr(0, basic::characters(typed).size()));
 }
 
 std::partial_ordering compare(const std::string& cut, const std::string& wanted, bool asNumbers) {

@@ -28,15 +28,15 @@ class BasPaySlate : public Session {
   [[nodiscard]] ui::Desktop& desktop() const { return *desktop_; }
   void desktop(ui::Desktop& desktop) { desktop_ = &desktop; }
 
-  /// The list that shows entries while an entry form is open; null outside.
+  /// The list that shows entries; null before there was one.
   EntryList* entryList = nullptr;
 
   /// Sends {TAB} when the key is Enter; the character stays as it is.
   void EnterToTab(int keyAscii) const;
 
-  /// True when the control's text is more than blanks; otherwise the message is shown and the control
+  /// True when the control's text is more than blanks; otherwise `text` is shown and the control
   /// focused.
-  bool fnCheckBlank(ui::Control& control, const std::string& message, const std::string& title) const;
+  bool fnCheckBlank(ui::Control& control, const std::string& text, const std::string& title) const;
 
   /// Keeps text and value of the form's input controls in their Tag.
   static void StoreControlValues(ui::Form& form);

@@ -3,9 +3,9 @@
 
 #include "component/BasPaySlate.h"
 #include "platform/basic/Numbers.h"
+#include "platform/basic/Unicode.h"
 #include "platform/common/CommonGen.h"
 #include "platform/ui/TextBox.h"
-#include "platform/ui/Utf8.h"
 
 namespace payslate {
 
@@ -44,7 +44,7 @@ void PayBoxes::dayCount_KeyPress(common::CommonGen& general, const ui::TextBox& 
 
 void PayBoxes::txtNoPresent_KeyPress(common::CommonGen& general, int& keyAscii) const {
   const ui::TextBox& box = controls_.txtNoPresent;
-  const auto length = static_cast<int>(ui::utf32(Trim(box.Text())).size());
+  const auto length = static_cast<int>(basic::characters(Trim(box.Text())).size());
   if (keyAscii == ui::KeyAscii::Zero && length == box.SelLength()) keyAscii = ui::KeyAscii::None;
   dayCount_KeyPress(general, box, keyAscii);
 }

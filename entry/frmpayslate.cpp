@@ -129,7 +129,8 @@ void frmpayslate::fillEmployees() {
 void frmpayslate::takeEntryFromList() {
   if (bas_.entryList == nullptr) return;
   state_.lngEntryID = basic::CLng(basic::Val(bas_.entryList->currentEntryIdText()));
-  dtpattdate.Value = basic::parseDate(bas_.entryList->currentEntryDateText(), desktop().shortDatePattern());
+  const std::string shown = bas_.entryList->currentEntryDateText();  // A time of day may follow the date.
+  dtpattdate.Value = basic::parseDate(shown.substr(0, shown.find(' ')), desktop().shortDatePattern());
 }
 
 void frmpayslate::Form_KeyDown(int& keyCode) {

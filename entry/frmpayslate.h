@@ -81,8 +81,6 @@ class frmpayslate : public ui::Form {
   ui::CommandButton cmdOk{*this, "cmdOk", "&Ok"};
   ui::CommandButton cmdCancel{*this, "cmdCancel", "&Close"};
 
-  [[nodiscard]] const EntryState& state() const { return state_; }
-
   void GetDeptID(std::int32_t& employeeId) { attendance_.GetDeptID(employeeId); }
   bool FnCheckCalendarSettingsNotEntered() { return attendance_.FnCheckCalendarSettingsNotEntered(); }
   double fnformulaamt(std::int32_t& formulaId) { return formulas_.fnformulaamt(formulaId); }

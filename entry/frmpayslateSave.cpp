@@ -44,7 +44,7 @@ EntryRecord frmpayslate::record() const {
   entry.employeeId = cboEmpname.ItemData(cboEmpname.ListIndex());
   entry.entryDate = dtpattdate.Value();
   entry.paidCash = paidCashOf(Chkpaid, chkHold);
-  entry.basicPay = basic::Val(txtBasicPay.Text());
+  entry.basicPay = txtBasicPay.Text();
   if (bas_.entryList != nullptr) entry.browseEntryId = bas_.entryList->currentEntryIdText();
   entry.allowances = copyRows(lvwAllow);
   entry.deductions = copyRows(lvwDeduct);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/ado/Recordset.h"
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::host {
 
@@ -18,7 +18,7 @@ struct Cell {
 };
 
 std::size_t widthOf(const std::string& text) {
-  return ui::utf32(text).size();
+  return basic::characters(text).size();
 }
 
 Cell cellOf(const basic::Value& value) {

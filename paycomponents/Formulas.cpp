@@ -74,6 +74,8 @@ Formulas::Parameters Formulas::parameters() const {
   parameters.set("LD", Val(controls_.txtNoLeave.Text()));
   parameters.set("HD", controls_.dblHolidays);
 
+  if (controls_.cboEmpname.ListIndex() < 0)
+    throw ado::Error("A formula needs an employee: select one first.", "02000");
   const std::int32_t employeeId = controls_.cboEmpname.ItemData(controls_.cboEmpname.ListIndex());
   ado::Recordset row;
   row.Open(parameterStatement(session_, employeeId), *session_.adocon(), ado::CursorType::ForwardOnly,

@@ -3,6 +3,7 @@
 #include "persistence/EntryWriter.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
+#include "platform/basic/Unicode.h"
 #include "platform/common/CommonDB.h"
 
 namespace payslate {
@@ -11,6 +12,11 @@ namespace {
 
 constexpr const char* moneyPattern = "0.00";
 constexpr std::int16_t notCancelled = 0;
+
+// Two decimals; what is no number stays as it is, for the column to refuse.
+std::string moneyText(const std::string& typed) {
+  return basic::IsNumeric(typed) ? basic::Format(basic::Val(typed), moneyPattern) : typed;
+}
 
 std::string newHeaderStatement(const Session& session, std::int32_t employeeId) {
   return "select * from " + session.TableLinks["pempmonthlyentryheader"] +
@@ -31,7 +37,7 @@ std::string prefixStatement(const Session& session) {
 }
 
 std::string largestNumberStatement(const Session& session, const std::string& prefix) {
-  const std::string length = std::to_string(prefix.size());
+  const std::string length = std::to_string(basic::characterCount(prefix));
   return "Select isnull(max(convert(int,right(emhNo,len(emhNo)- " + length + "))),0) from " +
          session.TableLinks["pempmonthlyentryheader"] + " where emhCompanyID = " + session.companyText() +
          " and len(emhNo)>len('" + prefix + "') and " + " isnumeric(isnull(right(emhNo,len(emhNo)-" + length +
@@ -83,7 +89,7 @@ std::int32_t EntryWriter::fnSaveHeader() {
   header.Fields("emhempID") = entry_.employeeId;
   header.Fields("emhpaidcash") = static_cast<std::int16_t>(entry_.paidCash);
   header.Fields("emhCancelled") = notCancelled;
-  header.Fields("emhbasicpay") = basic::Format(entry_.basicPay, moneyPattern);
+  header.Fields("emhbasicpay") = moneyText(entry_.basicPay);
   header.Fields("emhstartdate") = session_.dtPeriodStart;
   header.Fields("emhenddate") = session_.dtPeriodEnd;
   database_.strTableName(session_.TableLinks["pemployee"]);

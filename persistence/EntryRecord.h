@@ -19,7 +19,8 @@ struct EntryRecord {
   std::int32_t employeeId = 0;
   basic::Date entryDate;  ///< Stored with a new entry only.
   PaidCash paidCash = PaidCash::Normal;
-  double basicPay = 0;
+  /// As the clerk left it; a text without a number is refused.
+  std::string basicPay;
   /// The browse list's current entry identifier as it stands there; names the entry in mode "E".
   std::string browseEntryId;
   std::vector<ListRow> allowances;

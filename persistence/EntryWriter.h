@@ -18,7 +18,7 @@ class CommonDB;
 /// every error (ado::Error, basic::ValueError) to the caller, who rolls back.
 class EntryWriter {
  public:
-  /// The helper must have its connection.
+  /// The helper must have its connection; it and the entry must outlive the writer.
   EntryWriter(Session& session, common::CommonDB& database, const EntryRecord& entry)
       : session_(session), database_(database), entry_(entry) {}
 

@@ -50,8 +50,8 @@ class Provider {
  public:
   virtual ~Provider() = default;
 
-  /// Runs a statement. One that returns rows yields its cursor (nothing read yet); any other has run when this
-  /// returns, and yields null. One statement a text: a second one is an error.
+  /// Runs a statement. One that returns rows yields its cursor (nothing read yet); any other has run when
+  /// this returns, and yields null. One statement a text: a second one is an error.
   virtual std::unique_ptr<Cursor> execute(std::string_view statement) = 0;
 
   virtual void begin() = 0;
@@ -69,8 +69,9 @@ class Provider {
 
 /// Opens a database from what follows the provider's name in a connection string.
 struct ProviderEntry {
-  std::string name;                                          ///< For messages.
-  std::function<bool(std::string_view connection)> accepts;  ///< Is this connection string for it? Asked in order.
+  std::string name;  ///< For messages.
+  std::function<bool(std::string_view connection)>
+      accepts;  ///< Is this connection string for it? Asked in order.
   std::function<std::unique_ptr<Provider>(const std::string& connection)> open;
 };
 

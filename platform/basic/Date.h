@@ -22,7 +22,8 @@ class Date {
  public:
   constexpr Date() = default;
   explicit constexpr Date(double serial) : serial_(serial) {}
-  static Date fromCalendar(int year, int month, int day);  ///< Throws ValueError for a day that does not exist.
+  static Date fromCalendar(int year, int month,
+                           int day);  ///< Throws ValueError for a day that does not exist.
 
   [[nodiscard]] constexpr double serial() const { return serial_; }
   [[nodiscard]] CalendarDay calendar() const;
@@ -32,8 +33,9 @@ class Date {
   [[nodiscard]] int weekday() const;  ///< 1 = Sunday to 7 = Saturday.
 
   [[nodiscard]] Date plusDays(double days) const;
-  [[nodiscard]] Date plusMonths(int months) const;  ///< Clips to the month's last day: 31 January + 1 = 28 or 29 February.
-  [[nodiscard]] Date plusYears(int years) const;    ///< 29 February + 1 year = 28 February.
+  [[nodiscard]] Date plusMonths(
+      int months) const;  ///< Clips to the month's last day: 31 January + 1 = 28 or 29 February.
+  [[nodiscard]] Date plusYears(int years) const;  ///< 29 February + 1 year = 28 February.
 
   friend constexpr auto operator<=>(const Date&, const Date&) = default;
 

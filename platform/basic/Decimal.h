@@ -19,7 +19,8 @@ class Decimal {
   static Decimal fromInteger(std::int64_t number);
   /// `[+-]digits[.digits]`, blanks around allowed; otherwise throws ValueError(TypeMismatch) naming the text.
   static Decimal parse(std::string_view text);
-  /// The nearest decimal with `scale` decimals, made from the 15-significant-digit form, halves away from zero.
+  /// The nearest decimal with `scale` decimals, made from the 15-significant-digit form, halves away from
+  /// zero.
   static Decimal fromDouble(double number, int scale);
 
   [[nodiscard]] int scale() const { return scale_; }
@@ -28,7 +29,8 @@ class Decimal {
   [[nodiscard]] bool isZero() const;
   [[nodiscard]] std::string text() const;  ///< With exactly scale() decimals: "1500.00", "-0.5", "3".
   [[nodiscard]] double toDouble() const;
-  [[nodiscard]] std::int64_t toInteger() const;  ///< Truncates towards zero; throws ValueError(Overflow) outside 64 bits.
+  [[nodiscard]] std::int64_t toInteger()
+      const;  ///< Truncates towards zero; throws ValueError(Overflow) outside 64 bits.
 
   [[nodiscard]] Decimal rounded(int scale) const;    ///< Halves away from zero; also widens.
   [[nodiscard]] Decimal truncated(int scale) const;  ///< Drops further decimals; also widens.

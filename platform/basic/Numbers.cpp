@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "platform/basic/Error.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::basic {
 namespace {
@@ -194,8 +195,21 @@ Places readPattern(std::string_view pattern) {
 constexpr char lowered(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
-constexpr char uppered(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
+}
+
+// Plain letters are the rule, and names are compared often.
+std::string withCase(std::string_view text, char32_t (*changed)(char32_t)) {
+  if (isAscii(text)) {
+    std::string result(text);
+    for (char& c : result) c = static_cast<char>(changed(static_cast<unsigned char>(c)));
+    return result;
+  }
+  std::u32string result = characters(text);
+  std::transform(result.begin(), result.end(), result.begin(), changed);
+  return encoded(result);
 }
 
 }  // namespace
@@ -278,15 +292,10 @@ bool sameName(std::string_view left, std::string_view right) {
 }
 
 std::string upper(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), uppered);
-  return result;
+  return withCase(text, upperCharacter);
 }
-
 std::string lower(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), lowered);
-  return result;
+  return withCase(text, lowerCharacter);
 }
 
 }  // namespace payslate::basic

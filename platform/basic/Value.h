@@ -16,7 +16,9 @@ struct Null {
 
 using Value = std::variant<Null, bool, std::int64_t, double, Decimal, Date, std::string>;
 
-inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool isNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 /// The value joined to empty text: Null is "", flags are "True" and "False", numbers are general decimal text
 /// (no trailing zeros), dates are written with `datePattern` (a time of day that is not midnight follows as

@@ -38,11 +38,11 @@ class CommonDB : public Object {
   /// The largest stored value of the column in the table, plus 1; 1 in an empty table.
   virtual std::int32_t fnGetNextMaxNo(const std::string& column) = 0;
 
-  /// Appends a row of item text and sub-items.
-  virtual void fnInsertListview(ui::ListView& list, std::vector<std::string> cells) = 0;
-  /// Removes the selected row and renumbers the serial numbers of the others; `moreRows` says whether rows
-  /// remain.
-  virtual void fnDeleteListview(ui::ListView& list, bool moreRows) = 0;
+  /// Appends a row of item text and sub-items; callers pass 0 as position.
+  virtual void fnInsertListview(ui::ListView& list, int position, std::vector<std::string> cells) = 0;
+  /// Removes the selected row and renumbers the serial numbers of the others; callers pass true as
+  /// `selectedRow`, and `moreRows` says whether rows remain.
+  virtual void fnDeleteListview(bool selectedRow, ui::ListView& list, bool moreRows) = 0;
 };
 
 }  // namespace payslate::common

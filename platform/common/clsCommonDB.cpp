@@ -50,12 +50,12 @@ std::int32_t clsCommonDB::fnGetNextMaxNo(const std::string& column) {
   return basic::CLng(basic::CDbl(largest) + 1);
 }
 
-void clsCommonDB::fnInsertListview(ui::ListView& list, std::vector<std::string> cells) {
+void clsCommonDB::fnInsertListview(ui::ListView& list, int, std::vector<std::string> cells) {
   list.addRow(std::move(cells));
 }
 
-void clsCommonDB::fnDeleteListview(ui::ListView& list, bool moreRows) {
-  if (list.SelectedItem() < 0) return;
+void clsCommonDB::fnDeleteListview(bool selectedRow, ui::ListView& list, bool moreRows) {
+  if (!selectedRow || list.SelectedItem() < 0) return;
   list.removeRow(list.SelectedItem());
   if (!moreRows) return;
   for (int row = 0; row < list.rowCount(); ++row) list.setCell(row, 0, std::to_string(row + 1));

@@ -13,8 +13,8 @@ class clsCommonDB : public CommonDB {
   void populateComboorList(ui::ComboBox& combo, const std::string& keyColumn, const std::string& textColumn,
                            const std::string& condition) override;
   std::int32_t fnGetNextMaxNo(const std::string& column) override;
-  void fnInsertListview(ui::ListView& list, std::vector<std::string> cells) override;
-  void fnDeleteListview(ui::ListView& list, bool moreRows) override;
+  void fnInsertListview(ui::ListView& list, int position, std::vector<std::string> cells) override;
+  void fnDeleteListview(bool selectedRow, ui::ListView& list, bool moreRows) override;
 
  private:
   [[nodiscard]] ado::Connection& connection() const;

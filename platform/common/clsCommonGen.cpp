@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "platform/basic/Unicode.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/TextBox.h"
-#include "platform/ui/Utf8.h"
 
 namespace payslate::common {
 
@@ -36,7 +36,7 @@ void clsCommonGen::selectcomboitembyvalue(ui::ComboBox& combo, std::int32_t valu
 
 void clsCommonGen::TextValidateNum(const ui::TextBox& box, int& keyAscii, int integerDigits, int decimals) {
   if (keyAscii < ui::KeyAscii::FirstPrintable) return;
-  std::u32string text = ui::utf32(box.Text());
+  std::u32string text = basic::characters(box.Text());
   const auto typed = static_cast<char32_t>(keyAscii);
   text.replace(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()), 1, typed);
   if (!isNumberUpTo(text, integerDigits, decimals)) keyAscii = ui::KeyAscii::None;

@@ -4,6 +4,8 @@
 
 namespace payslate::ado {
 
-std::vector<ProviderEntry> builtInProviders() { return {sqlite::providerEntry()}; }
+std::vector<ProviderEntry> builtInProviders() {
+  return {sqlite::providerEntry()};
+}
 
 }  // namespace payslate::ado

@@ -2,13 +2,13 @@
 #include "platform/scripted/Doing.h"
 
 #include "platform/basic/Numbers.h"
+#include "platform/basic/Unicode.h"
 #include "platform/scripted/Finding.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/DatePicker.h"
 #include "platform/ui/ListView.h"
 #include "platform/ui/TabControl.h"
 #include "platform/ui/TextBox.h"
-#include "platform/ui/Utf8.h"
 
 namespace payslate::scripted {
 
@@ -37,7 +37,7 @@ Control& reachable(const Form& form, const std::string& name) {
 std::vector<Key> strokes(std::string_view text) {
   std::vector<Key> keys;
   char32_t before = 0;
-  for (const char32_t character : utf32(text)) {
+  for (const char32_t character : basic::characters(text)) {
     if (character == '\t')
       keys.push_back(tabKey);
     else if (character == '\r' || (character == '\n' && before != '\r'))

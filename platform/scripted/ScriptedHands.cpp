@@ -1,13 +1,13 @@
 // User actions as calls of the form's input.
 #include "platform/scripted/ScriptedHands.h"
 
+#include "platform/basic/Unicode.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/DatePicker.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/ListView.h"
 #include "platform/ui/TabControl.h"
 #include "platform/ui/TextBox.h"
-#include "platform/ui/Utf8.h"
 
 namespace payslate::scripted {
 
@@ -29,11 +29,11 @@ void ScriptedHands::selectAll(Control& control) {
   if (auto* box = dynamic_cast<TextBox*>(&control))
     box->SelectAll();
   else if (auto* combo = dynamic_cast<ComboBox*>(&control))
-    combo->Select(0, static_cast<int>(utf32(combo->Text()).size()));
+    combo->Select(0, static_cast<int>(basic::characters(combo->Text()).size()));
 }
 
 void ScriptedHands::paste(Control& control, const std::string& text) {
-  if (control.form().input().focus(control)) control.form().input().paste(utf32(text));
+  if (control.form().input().focus(control)) control.form().input().paste(basic::characters(text));
 }
 
 void ScriptedHands::choose(ComboBox& combo, int index) {

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "platform/basic/Error.h"
+#include "platform/basic/Unicode.h"
 #include "platform/tsql/DateTime.h"
 #include "platform/tsql/ParserBase.h"
 #include "platform/tsql/SqlError.h"
@@ -200,10 +201,10 @@ std::string plainText(const Cell& value, const Type& from, int style) {
 std::string fittedText(std::string text, const Type& to) {
   if (to.length <= 0) return text;
   const auto length = static_cast<std::size_t>(to.length);
-  if (text.size() > length && characterCount(text) > length)
-    text = encoded(characters(text).substr(0, length));
+  if (text.size() > length && basic::characterCount(text) > length)
+    text = basic::encoded(basic::characters(text).substr(0, length));
   if (to.kind == Kind::Char) {
-    const std::size_t count = characterCount(text);
+    const std::size_t count = basic::characterCount(text);
     if (count < length) text.append(length - count, ' ');
   }
   return text;
@@ -334,7 +335,7 @@ Cell assignCell(const Cell& value, const Type& from, const Type& to, const std::
     if (!to.isText()) return convertCell(value, from, to);
     std::string text = from.isText() ? std::get<std::string>(value) : plainText(value, from, 0);
     const auto length = static_cast<std::size_t>(to.length);
-    if (to.length > 0 && characterCount(withoutTrailingBlanks(text)) > length) {
+    if (to.length > 0 && basic::characterCount(withoutTrailingBlanks(text)) > length) {
       throw SqlError(state::truncation, "The text " + shown(value) +
                                             " is too long: it would be truncated to " +
                                             std::to_string(length) + " characters.");

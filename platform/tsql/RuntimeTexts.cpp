@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "platform/basic/Unicode.h"
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/Runtime.h"
 #include "platform/tsql/SqlError.h"
@@ -27,12 +28,12 @@ std::int64_t length(const Cell& value, const char* function) {
 }
 
 std::u32string lowered(std::u32string value) {
-  std::transform(value.begin(), value.end(), value.begin(), lowerCharacter);
+  std::transform(value.begin(), value.end(), value.begin(), basic::lowerCharacter);
   return value;
 }
 
 Cell len(Arguments args) {
-  return static_cast<std::int64_t>(characterCount(withoutTrailingBlanks(text(args[0]))));
+  return static_cast<std::int64_t>(basic::characterCount(withoutTrailingBlanks(text(args[0]))));
 }
 
 Cell dataLength(Arguments args) {
@@ -41,30 +42,30 @@ Cell dataLength(Arguments args) {
 
 Cell left(Arguments args) {
   const std::int64_t count = length(args[1], "left");
-  return encoded(characters(text(args[0])).substr(0, static_cast<std::size_t>(count)));
+  return basic::encoded(basic::characters(text(args[0])).substr(0, static_cast<std::size_t>(count)));
 }
 
 Cell right(Arguments args) {
   const auto count = static_cast<std::size_t>(length(args[1], "right"));
-  const std::u32string all = characters(text(args[0]));
-  return encoded(all.substr(all.size() - std::min(all.size(), count)));
+  const std::u32string all = basic::characters(text(args[0]));
+  return basic::encoded(all.substr(all.size() - std::min(all.size(), count)));
 }
 
 // Positions before the first character count against the length.
 Cell substring(Arguments args) {
-  const std::u32string all = characters(text(args[0]));
+  const std::u32string all = basic::characters(text(args[0]));
   const std::int64_t start = wholeOf(args[1]);
   const std::int64_t end = start + length(args[2], "substring");
   const std::int64_t from = std::clamp<std::int64_t>(start, 1, static_cast<std::int64_t>(all.size()) + 1);
   const std::int64_t to = std::clamp<std::int64_t>(end, from, static_cast<std::int64_t>(all.size()) + 1);
-  return encoded(all.substr(static_cast<std::size_t>(from - 1), static_cast<std::size_t>(to - from)));
+  return basic::encoded(all.substr(static_cast<std::size_t>(from - 1), static_cast<std::size_t>(to - from)));
 }
 
 template <char32_t (*function)(char32_t)>
 Cell mapped(Arguments args) {
-  std::u32string all = characters(text(args[0]));
+  std::u32string all = basic::characters(text(args[0]));
   std::transform(all.begin(), all.end(), all.begin(), function);
-  return encoded(all);
+  return basic::encoded(all);
 }
 
 Cell trimLeft(Arguments args) {
@@ -77,10 +78,10 @@ Cell trimRight(Arguments args) {
 }
 
 Cell replace(Arguments args) {
-  const std::u32string all = characters(text(args[0]));
+  const std::u32string all = basic::characters(text(args[0]));
   const std::u32string folded = lowered(all);
-  const std::u32string wanted = lowered(characters(text(args[1])));
-  const std::u32string with = characters(text(args[2]));
+  const std::u32string wanted = lowered(basic::characters(text(args[1])));
+  const std::u32string with = basic::characters(text(args[2]));
   if (wanted.empty()) return args[0];
   std::u32string result;
   std::size_t from = 0;
@@ -90,12 +91,12 @@ Cell replace(Arguments args) {
     if (result.size() > longestText)
       throw SqlError(state::badLength, "The text made by replace is too long.");
   }
-  return encoded(result.append(all, from));
+  return basic::encoded(result.append(all, from));
 }
 
 Cell charIndex(Arguments args) {
-  const std::u32string wanted = lowered(characters(text(args[0])));
-  const std::u32string all = lowered(characters(text(args[1])));
+  const std::u32string wanted = lowered(basic::characters(text(args[0])));
+  const std::u32string all = lowered(basic::characters(text(args[1])));
   const std::int64_t start = std::max<std::int64_t>(1, args.size() > 2 ? wholeOf(args[2]) : 1);
   if (wanted.empty()) return std::int64_t{0};
   const std::size_t at = all.find(wanted, static_cast<std::size_t>(start - 1));
@@ -120,23 +121,23 @@ Cell space(Arguments args) {
 }
 
 Cell reverse(Arguments args) {
-  std::u32string all = characters(text(args[0]));
+  std::u32string all = basic::characters(text(args[0]));
   std::reverse(all.begin(), all.end());
-  return encoded(all);
+  return basic::encoded(all);
 }
 
 Cell stuff(Arguments args) {
-  const std::u32string all = characters(text(args[0]));
+  const std::u32string all = basic::characters(text(args[0]));
   const std::int64_t start = wholeOf(args[1]);
   const std::int64_t count = wholeOf(args[2]);
   if (start < 1 || count < 0 || start > static_cast<std::int64_t>(all.size())) return {};
   const auto from = static_cast<std::size_t>(start - 1);
   const std::size_t behind = std::min(all.size(), from + static_cast<std::size_t>(count));
-  return encoded(all.substr(0, from)) + text(args[3]) + encoded(all.substr(behind));
+  return basic::encoded(all.substr(0, from)) + text(args[3]) + basic::encoded(all.substr(behind));
 }
 
 Cell ascii(Arguments args) {
-  const std::u32string all = characters(text(args[0]));
+  const std::u32string all = basic::characters(text(args[0]));
   return all.empty() ? Cell() : Cell(static_cast<std::int64_t>(all.front()));
 }
 
@@ -144,7 +145,7 @@ Cell character(Arguments args) {
   constexpr std::int64_t last = 255;
   const std::int64_t code = wholeOf(args[0]);
   if (code < 1 || code > last) return {};
-  return encoded(std::u32string(1, static_cast<char32_t>(code)));
+  return basic::encoded(std::u32string(1, static_cast<char32_t>(code)));
 }
 
 // A number right-justified in its width; stars when it does not fit.
@@ -163,7 +164,7 @@ Cell str(Arguments args) {
 Cell like(Arguments args) {
   char32_t escape = 0;
   if (args.size() > 2) {
-    const std::u32string sign = characters(text(args[2]));
+    const std::u32string sign = basic::characters(text(args[2]));
     if (sign.size() != 1) throw SqlError("22019", "The escape of 'like' is not one character.");
     escape = sign.front();
   }
@@ -184,8 +185,8 @@ constexpr std::array functions = {
     RuntimeFunction{"ts_left", 2, left},
     RuntimeFunction{"ts_right", 2, right},
     RuntimeFunction{"ts_substring", 3, substring},
-    RuntimeFunction{"ts_upper", 1, mapped<upperCharacter>},
-    RuntimeFunction{"ts_lower", 1, mapped<lowerCharacter>},
+    RuntimeFunction{"ts_upper", 1, mapped<basic::upperCharacter>},
+    RuntimeFunction{"ts_lower", 1, mapped<basic::lowerCharacter>},
     RuntimeFunction{"ts_ltrim", 1, trimLeft},
     RuntimeFunction{"ts_rtrim", 1, trimRight},
     RuntimeFunction{"ts_replace", 3, replace},

@@ -54,6 +54,14 @@ OptionButton::OptionButton(Form& form, std::string name, std::string caption, in
             }),
       group_(group) {}
 
+void OptionButton::userClicks() {
+  if (Value()) {
+    Click.raise();
+  } else {
+    Value = true;
+  }
+}
+
 void OptionButton::releaseOthers() {
   for (Control* other : form().Controls()) {
     auto* option = dynamic_cast<OptionButton*>(other);

@@ -52,7 +52,7 @@ class OptionButton : public Control {
   Event<> Click;
 
   [[nodiscard]] int group() const { return group_; }
-  void userClicks() override { Value = true; }
+  void userClicks() override;  ///< Raises Click also when the option is chosen already.
   [[nodiscard]] std::optional<std::string> propertyText(std::string_view property) const override;
   bool keyAction(const Key& key) override;
 

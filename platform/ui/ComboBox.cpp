@@ -5,17 +5,26 @@
 #include <stdexcept>
 
 #include "platform/basic/Numbers.h"
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::ui {
 
 ComboBox::ComboBox(Form& form, std::string name, ComboStyle style)
     : Control(form, std::move(name)), Style(style) {}
 
+void ComboBox::requireItem(int index, int lowest) const {
+  if (index >= lowest && index < ListCount()) return;
+  throw std::out_of_range(Name() + " has no item " + std::to_string(index) + "; it has " +
+                          std::to_string(ListCount()) + ".");
+}
+
+const ComboBox::Item& ComboBox::item(int index) const {
+  requireItem(index, 0);
+  return items_[static_cast<std::size_t>(index)];
+}
+
 void ComboBox::setListIndex(int index) {
-  if (index < -1 || index >= ListCount())
-    throw std::out_of_range(Name() + " has no item " + std::to_string(index) + "; it has " +
-                            std::to_string(ListCount()) + ".");
+  requireItem(index, -1);
   if (index == listIndex_) return;
   listIndex_ = index;
   text_ = index < 0 ? std::string() : List(index);
@@ -73,14 +82,14 @@ void ComboBox::typeText(std::string text) {
 }
 
 void ComboBox::Select(int start, int count) {
-  const int whole = static_cast<int>(utf32(text_).size());
+  const int whole = static_cast<int>(basic::characters(text_).size());
   selStart_ = std::clamp(start, 0, whole);
   selLength_ = std::clamp(count, 0, whole - selStart_);
   tell(Aspect::TextSelection);
 }
 
 void ComboBox::selectByInitial(char32_t character) {
-  const std::string initial = basic::lower(utf8({&character, 1}));
+  const std::string initial = basic::lower(basic::encoded({&character, 1}));
   for (int step = 1; step <= ListCount(); ++step) {
     const int index = (listIndex_ + step) % ListCount();
     if (basic::lower(List(index)).starts_with(initial)) return setListIndex(index);
@@ -88,7 +97,7 @@ void ComboBox::selectByInitial(char32_t character) {
 }
 
 bool ComboBox::editKey(const Key& key) {
-  std::u32string text = utf32(text_);
+  std::u32string text = basic::characters(text_);
   const auto whole = static_cast<int>(text.size());
   int start = selStart_;
   int count = selLength_;
@@ -109,13 +118,14 @@ bool ComboBox::editKey(const Key& key) {
   text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count), inserted);
   selStart_ = start + static_cast<int>(inserted.size());
   selLength_ = 0;
-  typeText(utf8(text));
+  typeText(basic::encoded(text));
   return true;
 }
 
 bool ComboBox::keyAction(const Key& key) {
   if ((key.shift & (Shift::Ctrl | Shift::Alt)) != 0) {
-    if (key.code == 'A' && key.shift == Shift::Ctrl) Select(0, static_cast<int>(utf32(text_).size()));
+    if (key.code == 'A' && key.shift == Shift::Ctrl)
+      Select(0, static_cast<int>(basic::characters(text_).size()));
     return key.code == 'A';
   }
   switch (key.code) {
@@ -129,7 +139,7 @@ bool ComboBox::keyAction(const Key& key) {
       Select(0, 0);
       return true;
     case KeyCode::End:
-      Select(static_cast<int>(utf32(text_).size()), 0);
+      Select(static_cast<int>(basic::characters(text_).size()), 0);
       return true;
     case KeyCode::Left:
       Select(selStart_ - 1, 0);

@@ -36,12 +36,9 @@ class ComboBox : public Control {
   void AddItem(std::string text, std::int32_t itemData = 0);
   void setItems(std::vector<Item> items);  ///< Clear and add all, telling the screen once.
   [[nodiscard]] int ListCount() const { return static_cast<int>(items_.size()); }
-  [[nodiscard]] const std::string& List(int index) const {
-    return items_.at(static_cast<std::size_t>(index)).text;
-  }
-  [[nodiscard]] std::int32_t ItemData(int index) const {
-    return items_.at(static_cast<std::size_t>(index)).data;
-  }
+  /// std::out_of_range for a position outside the list, as with setListIndex.
+  [[nodiscard]] const std::string& List(int index) const { return item(index).text; }
+  [[nodiscard]] std::int32_t ItemData(int index) const { return item(index).data; }
   [[nodiscard]] const std::vector<Item>& items() const { return items_; }
 
   const ComboStyle Style;
@@ -62,6 +59,8 @@ class ComboBox : public Control {
   void Select(int start, int length);
 
  private:
+  [[nodiscard]] const Item& item(int index) const;
+  void requireItem(int index, int lowest) const;
   bool editKey(const Key& key);
   void selectByInitial(char32_t character);
 

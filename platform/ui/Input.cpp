@@ -53,15 +53,18 @@ void Input::type(std::u32string_view characters) {
 }
 
 void Input::paste(std::u32string_view characters) {
-  for (const char32_t character : characters) {
-    perform([&] {
-      Control* control = form_.ActiveControl();
+  perform([&] {
+    Control* control = form_.ActiveControl();
+    if (control == nullptr) return;
+    for (const char32_t character : characters) {
       Key pasted{KeyCode::None, Shift::None, static_cast<int>(character)};
       // Line ends in a pasted text are no Enter keys.
-      if (control != nullptr && pasted.character >= KeyAscii::FirstPrintable && filter(control, pasted))
-        control->keyAction(pasted);
-    });
-  }
+      if (pasted.character >= KeyAscii::FirstPrintable && filter(control, pasted)) control->keyAction(pasted);
+      if (!form_.isLoaded()) return;
+    }
+    int released = 'V';
+    control->KeyUp.raise(released, Shift::Ctrl);
+  });
 }
 
 void Input::click(Control& control) {
@@ -72,7 +75,12 @@ void Input::click(Control& control) {
 
 void Input::choose(ComboBox& combo, int index) {
   perform([&] {
-    if (form_.canHaveFocus(combo) && form_.moveFocus(combo)) combo.setListIndex(index);
+    if (!form_.canHaveFocus(combo) || !form_.moveFocus(combo)) return;
+    if (combo.ListIndex() == index) {
+      combo.Click.raise();
+    } else {
+      combo.setListIndex(index);
+    }
   });
 }
 

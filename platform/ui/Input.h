@@ -28,10 +28,11 @@ class Input {
   /// A key on the focused control: form key-down, key-down, key-press, the key's effect, key-up.
   void key(Key key);
   void type(std::u32string_view characters);
-  /// Text into the focused control, every character through its key-press filter.
+  /// Ctrl+V: text into the focused control, every character through its key-press filter; then key-up.
   void paste(std::u32string_view characters);
   /// Left button on a control; buttons, check boxes and options do what they are for.
   void click(Control& control);
+  /// Picks an item from the list; Click also when it is the selected one.
   void choose(ComboBox& combo, int index);
   void pickDate(DatePicker& picker, basic::Date date);
   void turnPage(TabControl& tab, int page);

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/basic/Numbers.h"
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::ui {
 
@@ -95,7 +95,7 @@ std::optional<Key> Key::named(std::string_view name) {
   for (const auto& [text, code] : namedCodes)
     if (lowered == text) return Key{code, shift, characterOf(code, shift)};
   if (const auto code = functionKey(lowered)) return Key{*code, shift, KeyAscii::None};
-  const std::u32string characters = utf32(rest);
+  const std::u32string characters = basic::characters(rest);
   if (characters.size() != 1) return {};
   Key key = typing(characters[0]);
   key.shift = shift;

@@ -42,9 +42,7 @@ constexpr int Escape = 27;
 constexpr int DoubleQuote = 34;
 constexpr int SingleQuote = 39;
 constexpr int Minus = 45;
-constexpr int Period = 46;
 constexpr int Zero = 48;
-constexpr int Nine = 57;
 constexpr int FirstPrintable = 32;
 }  // namespace KeyAscii
 

@@ -4,13 +4,13 @@
 #include <algorithm>
 
 #include "platform/basic/Numbers.h"
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::ui {
 
 namespace {
 int length(const std::string& text) {
-  return static_cast<int>(utf32(text).size());
+  return static_cast<int>(basic::characters(text).size());
 }
 }  // namespace
 
@@ -26,8 +26,8 @@ TextBox::TextBox(Form& form, std::string name, Alignment align)
       alignment(align) {}
 
 std::string TextBox::SelText() const {
-  return utf8(
-      utf32(Text()).substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_)));
+  return basic::encoded(basic::characters(Text()).substr(static_cast<std::size_t>(selStart_),
+                                                         static_cast<std::size_t>(selLength_)));
 }
 
 void TextBox::Select(int start, int count) {
@@ -53,7 +53,7 @@ std::optional<std::string> TextBox::propertyText(std::string_view property) cons
 }
 
 void TextBox::edited(std::u32string text, int caret) {
-  Text.store(utf8(text));
+  Text.store(basic::encoded(text));
   selStart_ = anchor_ = caret_ = caret;
   selLength_ = 0;
   tell(Aspect::Text);
@@ -62,7 +62,7 @@ void TextBox::edited(std::u32string text, int caret) {
 
 void TextBox::replaceSelection(std::u32string_view typed) {
   if (Locked()) return;
-  std::u32string text = utf32(Text());
+  std::u32string text = basic::characters(Text());
   std::u32string inserted(typed);
   if (MaxLength > 0) {
     const auto room = std::max(0, MaxLength - static_cast<int>(text.size()) + selLength_);
@@ -84,6 +84,8 @@ void TextBox::moveCaret(int to, bool selecting) {
 bool TextBox::keyAction(const Key& key) {
   const bool selecting = (key.shift & Shift::ShiftKey) != 0;
   const bool commanding = (key.shift & (Shift::Ctrl | Shift::Alt)) != 0;
+  const bool deletes = key.code == KeyCode::Delete || key.character == KeyAscii::Back;
+  if (deletes && Locked()) return true;
   switch (key.code) {
     case KeyCode::Home:
       moveCaret(0, selecting);

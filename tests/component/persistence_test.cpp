@@ -29,7 +29,7 @@ class Persistence : public ::testing::Test {
     database_.adocon(session_.adocon());
     entry_.employeeId = 70001;
     entry_.entryDate = session_.dtPeriodEnd;
-    entry_.basicPay = 28000.005;
+    entry_.basicPay = "28000.005";
   }
 
   std::int32_t save() {

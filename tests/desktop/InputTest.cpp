@@ -5,7 +5,7 @@
 
 #include "desktop/QtDesktop.h"
 #include "desktop/QtHands.h"
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 #include "tests/desktop/ToyForm.h"
 
 namespace payslate::tests {
@@ -21,7 +21,7 @@ struct Bench {
 
   void press(const char* key) const { hands.key(form, *Key::named(key)); }
   void type(const char* text) const {
-    for (const char32_t character : ui::utf32(text)) hands.key(form, Key::typing(character));
+    for (const char32_t character : basic::characters(text)) hands.key(form, Key::typing(character));
   }
 };
 

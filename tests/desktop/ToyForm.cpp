@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "platform/ui/Utf8.h"
+#include "platform/basic/Unicode.h"
 
 namespace payslate::tests {
 
@@ -173,12 +173,12 @@ void DirectHands::selectAll(ui::Control& control) {
   focus(control);
   if (auto* box = dynamic_cast<ui::TextBox*>(&control)) box->SelectAll();
   if (auto* combo = dynamic_cast<ui::ComboBox*>(&control))
-    combo->Select(0, static_cast<int>(ui::utf32(combo->Text()).size()));
+    combo->Select(0, static_cast<int>(basic::characters(combo->Text()).size()));
 }
 
 void DirectHands::paste(ui::Control& control, const std::string& text) {
   focus(control);
-  control.form().input().paste(ui::utf32(text));
+  control.form().input().paste(basic::characters(text));
 }
 
 void DirectHands::pickDate(ui::DatePicker& picker, basic::Date date) {

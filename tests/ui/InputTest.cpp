@@ -48,7 +48,7 @@ TEST_F(InputTest, AKeyGoesThroughFormControlFilterEditAndRelease) {
             (Log{"form down 88", "first down 88", "form press 120", "first up 88"}));
   // Pasting passes the same filter; it is no key.
   EXPECT_EQ(perform([](TestForm& form) { form.input().paste(U"xy\n1"); }),
-            (Log{"form press 120", "form press 121", "first=Y", "form press 49", "first=Y1"}));
+            (Log{"form press 120", "form press 121", "first=Y", "form press 49", "first=Y1", "first up 86"}));
 }
 
 TEST_F(InputTest, KeysEditTheSelection) {
