@@ -2,7 +2,9 @@
 #include "host/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <functional>
+#include <limits>
 #include <ostream>
 
 #include "host/Commands.h"
@@ -79,10 +81,14 @@ class Commands {
     scripted::Session& session = words_.show.session;
     session.title = "Payroll";
     parser->add_option("--connect", words_.show.connect, connectHelp)->required();
-    parser->add_option("--company", session.company, "The company")->required();
-    parser->add_option("--user", session.user, "The user who works")->required();
-    parser->add_option("--interface", session.interfaceId, "This screen in the rights tables")->required();
-    parser->add_option("--year", session.year, "The financial year")->required();
+    const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
+    const CLI::Range longNumber(0, int{std::numeric_limits<std::int32_t>::max()});
+    parser->add_option("--company", session.company, "The company")->required()->check(shortNumber);
+    parser->add_option("--user", session.user, "The user who works")->required()->check(shortNumber);
+    parser->add_option("--interface", session.interfaceId, "This screen in the rights tables")
+        ->required()
+        ->check(longNumber);
+    parser->add_option("--year", session.year, "The financial year")->required()->check(shortNumber);
     parser->add_option("--date", words_.date, "The process date, yyyy/mm/dd")->required();
     parser->add_option("--title", session.title, "The title of message boxes")->capture_default_str();
     commands_.emplace_back(parser, [this] {
@@ -106,6 +112,12 @@ class Commands {
   std::vector<std::pair<CLI::App*, Command>> commands_;
 };
 
+bool isCommand(const CLI::App& app, const std::string& word) {
+  const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
+  return std::any_of(commands.begin(), commands.end(),
+                     [&word](const CLI::App* command) { return command->get_name() == word; });
+}
+
 // One line, one full stop.
 std::string sentence(std::string text) {
   for (char& character : text)
@@ -127,6 +139,8 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
     problem = error.what();
+    if (argc > 1 && !isCommand(app, argv[1]))
+      problem = "There is no command " + std::string(argv[1]) + "; use demo, init, errand or show, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

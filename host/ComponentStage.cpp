@@ -77,7 +77,10 @@ void ComponentStage::runFile(const std::string& path) {
 
 void ComponentStage::runStatement(const std::string& statement) {
   const Uncounted uncounted(countsStatements_);
-  connection_->Execute(statement);
+  ado::Recordset answer = connection_->Execute(statement);
+  // A query runs as its rows are read: one that fails is to fail here.
+  if (answer.State() == ado::ObjectState::Open)
+    while (!answer.Eof()) answer.MoveNext();
 }
 
 std::vector<std::vector<basic::Value>> ComponentStage::rows(const std::string& statement) {

@@ -40,7 +40,7 @@ SharedConnection open(const std::string& connect, const std::string& connectionS
   try {
     connection->Open(connectionString);
   } catch (const ado::Error& error) {
-    refuse(nameOf(connect) + " cannot be opened", error.Description);
+    throw Refusal(error.Description);
   }
   return connection;
 }

@@ -117,21 +117,25 @@ ExitCode walk(const SharedConnection& connection, Screen& screen, std::ostream& 
   return ExitCode::Ok;
 }
 
-void saveScreensTo(const std::string& folder, Screen& screen) {
+void makeFolder(const std::string& folder) {
   std::error_code failed;
   std::filesystem::create_directories(folder, failed);
   if (failed) throw Refusal("The folder " + folder + " cannot be made: " + failed.message() + ".");
-  screen.saveScreens(folder);
 }
 
 }  // namespace
 
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out) {
+  if (!wish.screens.empty()) makeFolder(wish.screens);
   const SharedConnection connection = demoDatabase(wish.database, out);
   requireCompany(*connection, demoSession().company);
   const auto screen = makeScreen();
-  if (!wish.screens.empty() || !screen->isSeen())
-    saveScreensTo(wish.screens.empty() ? usualScreens : wish.screens, *screen);
+  if (!wish.screens.empty()) {
+    screen->saveScreens(wish.screens);
+  } else if (!screen->isSeen()) {
+    makeFolder(usualScreens);
+    screen->saveScreens(usualScreens);
+  }
   if (!screen->isSeen()) return walk(connection, *screen, out);
   makeComponent(screen->desktop(), connection, demoSession()).Show();
   return ExitCode::Ok;

@@ -114,7 +114,11 @@ Session::Session(const std::string& path, bool create, int busyMilliseconds) {
   const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_EXRESCODE;
   const int code = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
   try {
-    if (code != SQLITE_OK) throw error(code);
+    if (code != SQLITE_OK) {
+      const ado::Error reason = error(code);
+      throw ado::Error("'" + path + "' cannot be opened: " + reason.Description, "08001", reason.Source,
+                       reason.Number, reason.NativeError);
+    }
     sqlite3_busy_timeout(handle_, busyMilliseconds);
     // A quoted name that does not exist is an error, and never a text.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -183,6 +187,10 @@ std::int64_t Session::number(const std::string& sql) {
 
 std::int64_t Session::changedRows() const {
   return sqlite3_changes64(handle_);
+}
+
+bool Session::isReadOnly() const {
+  return sqlite3_db_readonly(handle_, "main") == 1;
 }
 
 bool Session::inTransaction() const {

@@ -57,6 +57,8 @@ class Session {
   void run(const std::string& sql, const std::vector<tsql::Cell>& values = {});
   std::int64_t number(const std::string& sql);  ///< The one number that it gives.
   [[nodiscard]] std::int64_t changedRows() const;
+  /// May the file be read alone?
+  [[nodiscard]] bool isReadOnly() const;
   [[nodiscard]] bool inTransaction() const;
 
   /// Cursors that are between two rows hold a view of the past, which must not stand in the way of a write:

@@ -78,6 +78,7 @@ class SqliteProvider : public ado::Provider {
       : session_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
         translator_(catalog_) {
     try {
+      if (session_.isReadOnly()) refuse("The file cannot be written.", "08001");
       session_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
       StoredCatalog::prepare(session_);
     } catch (const ado::Error& error) {

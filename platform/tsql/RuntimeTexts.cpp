@@ -107,12 +107,14 @@ Cell replicate(Arguments args) {
   const std::int64_t count = wholeOf(args[1]);
   const std::string& piece = text(args[0]);
   if (count < 0) return {};
-  if (piece.size() * static_cast<std::size_t>(std::min<std::int64_t>(count, longestText)) > longestText) {
-    throw SqlError(state::badLength, "The text made by replicate is too long.");
-  }
-  std::string result;
-  for (std::int64_t i = 0; i < count && !piece.empty(); ++i) result += piece;
-  return result;
+  if (piece.empty()) return std::string();
+  // What is beyond the longest text is cut off without an error, as a server does.
+  constexpr std::size_t longestMade = 8000;
+  std::u32string result;
+  const std::u32string characters = basic::characters(piece);
+  for (std::int64_t i = 0; i < count && result.size() < longestMade; ++i) result += characters;
+  result.resize(std::min(result.size(), longestMade));
+  return basic::encoded(result);
 }
 
 Cell space(Arguments args) {

@@ -98,10 +98,10 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {{"demo", "--database", "payroll.db"}, "no company 1"},
       {{"init"}, "--connect"},
       {{"init", "--connect", "payroll.db"}, "holds payroll tables already"},
-      {{"init", "--connect", "notes.txt"}, "notes.txt cannot be opened"},
+      {{"init", "--connect", "notes.txt"}, "'notes.txt' cannot be opened: "},
       {{"init", "--connect", "none/new.db"}, "none/new.db"},
       {{"init", "--connect", ""}, "The connection string is empty"},
-      {{"init", "--connect", "."}, "The database ."},
+      {{"init", "--connect", "."}, "'.' is not a database file"},
       {{"errand"}, "FILE"},
       {{"errand", "none.errand"}, "none.errand: the file cannot be read"},
       {{"errand", "right.errand", "wrong.errand"}, "wrong.errand:2: there is no instruction \"clik\""},
@@ -109,12 +109,12 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {{"show", "--connect", "payroll.db"}, "--company"},
       {showing(""), "The connection string is empty"},
       {showing("none.db"), "none.db does not exist"},
-      {showing("notes.txt"), "notes.txt cannot be opened"},
+      {showing("notes.txt"), "'notes.txt' cannot be opened: "},
       {showing(inMemory), "holds no payroll"},
       {showing("payroll.db", "7"), "knows no company 7"},
       {showing("payroll.db", "70000"), "--company"},
       {showing("payroll.db", "1", "2026/02/30"), "2026/02/30"},
-      {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"), "cannot be opened"},
+      {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"), "No database of this program"},
   };
   const auto before = contents();
   for (const auto& one : cases) {
