@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build libsqlite3-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
           libxcb-cursor0 fonts-dejavu-core)
 if [ "${1:-run}" = test ]; then
-  packages+=(libgtest-dev xvfb xdotool openbox)
+  packages+=(libgtest-dev xvfb xdotool)
 fi
 
 missing=()
