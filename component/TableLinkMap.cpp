@@ -61,9 +61,8 @@ std::string linkStatement() {
          " 'psavings ', 'popeningsavings','psavingsdetails','pPrefix', 'pformula', 'pusers ', 'pemployee',"
          " 'pEmployeeattendence', 'pemployeeleaves','pgradeleaves ','pgradeallowance','pleaves','psettings',"
          "'pempmonthlyentryheader','pempfacilitydeductiondetail', "
-         " 'pFacilityTrackingHeader','pFacilityMaster','pEmpAttendanceAllowanceDeductions','"
-         "pempattendancedetail',"
-         "'pCurrencyMaster','pDepartment')";
+         " 'pFacilityTrackingHeader','pFacilityMaster','pEmpAttendanceAllowanceDeductions',"
+         "'pempattendancedetail','pCurrencyMaster','pDepartment')";
 }
 
 }  // namespace

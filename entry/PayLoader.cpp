@@ -26,9 +26,8 @@ std::string basicPayStatement(const Session& session, const std::string& employe
 }
 
 std::string allowanceStatement(const Session& session, const std::string& employee) {
-  return "select aDescription,aformulaid,acurrencyid,eaamount,eaallowanceid from pempallowances ,pallowances "
-         "where "
-         "eaempid= " +
+  return "select aDescription,aformulaid,acurrencyid,eaamount,eaallowanceid from pempallowances ,pallowances"
+         " where eaempid= " +
          employee + " and  aCompanyID =eacompanyid   and eaallowanceid  =aAllowanceID" +
          " and aActive=1 and eacompanyid=" + session.companyText();
 }
@@ -59,9 +58,8 @@ std::string savingsStatement(const Session& session, const std::string& employee
          " Where oscompanyid = scompanyid And osSavingsID = sSavingsID and osDeductionMode = 1 and "
          " osCompanyID = " +
          session.companyText() +
-         " and sdCompanyID=osCompanyID and  osSavingsID=sdSavingsID and sdOpenSavingID=osID and "
-         "osDeductionMode=1 "
-         "and  sdDate>='" +
+         " and sdCompanyID=osCompanyID and  osSavingsID=sdSavingsID and sdOpenSavingID=osID"
+         " and osDeductionMode=1 and  sdDate>='" +
          slashDate(session.dtPeriodStart) + " ' and sdDate<='" + slashDate(session.dtPeriodEnd) +
          "' and  osCurrentBalance>0 and  osEmpID = " + employee + " and osActive = 1 and osCancelled=0";
 }
