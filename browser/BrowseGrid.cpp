@@ -70,6 +70,7 @@ void FrmMaster::RefreshBrowseRow(const std::string& condition, std::int32_t entr
              LockType::ReadOnly);
   if (entry.Eof()) return;
   std::vector<std::string> cells;
+  cells.reserve(static_cast<std::size_t>(columns));
   for (int column = 0; column < columns; ++column)
     cells.push_back(bas_.cellText(entry.Fields(static_cast<std::size_t>(column))));
   if (bas_.isNewEntry() && !showsNoEntry()) {

@@ -55,7 +55,7 @@ class FrmMaster : public ui::Form, private EntryList {
   void setBrowseStatement();
   void fnSetGridHeader();
   void UserRights();
-  [[nodiscard]] bool holds(const char* letter);
+  [[nodiscard]] bool holds(const char* right);
   void setEditAndDelete();
   void flexMaster_EnterCell();
   void flexMaster_KeyPress(int& keyAscii);

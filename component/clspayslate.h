@@ -32,7 +32,8 @@ class clspayslate {
   std::int16_t intfinancialid = 0;  ///< Financial year.
 
   /// Opens the list of monthly entries and returns when it is closed. Neither opens nor closes the
-  /// connection, and refers to it until the next Show. Raises what keeps the list from being shown (ado::Error for the database).
+  /// connection, and refers to it until the next Show. Raises what keeps the list from being shown
+  /// (ado::Error for the database).
   void Show();
 
  private:

@@ -106,7 +106,7 @@ void FormWindow::measureAgain() {
   }
 }
 
-void FormWindow::open() {
+void FormWindow::appear() {
   measureAgain();
   const QSize room = screen()->availableSize() * 9 / 10;
   resize(sizeHint().boundedTo(room));

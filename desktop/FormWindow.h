@@ -36,7 +36,7 @@ class FormWindow : public QDialog {
   View& addView(ui::Control& control, const ui::Layout& node);
 
   /// Shows the window with the focus where the form has it.
-  void open();
+  void appear();
 
   /// Where a menu of this form pops up, on the screen: the last press, else the current row.
   [[nodiscard]] QPoint menuPoint() const;

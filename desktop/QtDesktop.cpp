@@ -136,7 +136,7 @@ void QtDesktop::showModal(ui::Form& form) {
       windows_.pop_back();
       if (pictures_ != nullptr) pictures_->forget(window);
     });
-    window.open();
+    window.appear();
     if (clerk_ == nullptr) {
       waitForUser(window);
     } else {

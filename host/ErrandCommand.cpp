@@ -13,6 +13,7 @@ namespace {
 // All files are read before the first one is performed: a wrong line costs nothing.
 std::vector<scripted::Errand> readAll(const std::vector<std::string>& files) {
   std::vector<scripted::Errand> errands;
+  errands.reserve(files.size());
   for (const std::string& file : files) errands.push_back(scripted::Errand::read(file));
   return errands;
 }

@@ -144,9 +144,7 @@ Errand Errand::read(const std::string& file) {
   if (in && in.peek() != std::ifstream::traits_type::eof()) text << in.rdbuf();
   if (!in.is_open() || in.bad() || text.fail())
     throw ErrandSyntaxError(file, 0, "the file cannot be read", "name an errand file");
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  const std::string content = text.str();
-  return parse(content.substr(content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0), file);
+  return parse(text.str(), file);
 }
 
 }  // namespace payslate::scripted

@@ -203,7 +203,7 @@ void Session::settleCursors() {
 
 ado::Error Session::error(int code) {
   if (functionError) {
-    const ado::Error thrown = toAdoError(*functionError);
+    ado::Error thrown = toAdoError(*functionError);
     functionError.reset();
     return thrown;
   }

@@ -193,9 +193,9 @@ Translation Translator::call(Call& call) {
     std::size_t index = i;
     if (!name.empty()) {
       named = true;
-      const auto found = std::find_if(parameters.begin(), parameters.end(), [&](const Parameter& parameter) {
-        return sameWord(parameter.name, name);
-      });
+      const auto found = std::find_if(
+          parameters.begin(), parameters.end(),
+          [&wanted = name](const Parameter& parameter) { return sameWord(parameter.name, wanted); });
       index = static_cast<std::size_t>(found - parameters.begin());
     } else if (named) {
       throw SqlError(state::syntax, value->at, "An argument without a name follows one with a name.");
