@@ -4,7 +4,6 @@
 #include "browser/BrowseColumns.h"
 #include "browser/GridSearch.h"
 #include "platform/basic/Numbers.h"
-#include "platform/common/ObjectRegistry.h"
 
 namespace payslate {
 
@@ -88,10 +87,8 @@ void FrmMaster::wireEvents() {
 }
 
 void FrmMaster::Form_Load() {
-  objCommonGen_ = common::createObjectAs<common::CommonGen>(common::CommonGen::registeredName);
-  objCommonDB_ = common::createObjectAs<common::CommonDB>(common::CommonDB::registeredName);
+  helpers_.create(bas_);
   desktop().HelpFile = bas_.helpFile();
-  objCommonDB_->adocon(bas_.adocon());
   bas_.TableLinks.load(*bas_.adocon());
   setBrowseStatement();
   {
@@ -106,9 +103,9 @@ void FrmMaster::Form_Load() {
 }
 
 void FrmMaster::setBrowseStatement() {
-  objCommonDB_->strTableName(bas_.TableLinks["psettings"]);
+  helpers_.objCommonDB->strTableName(bas_.TableLinks["psettings"]);
   const std::int16_t lookBackDays = basic::CInt(
-      numberOf(objCommonDB_->fnreturnfield("NoOfPreviousDays", "companyID=" + bas_.companyText())));
+      numberOf(helpers_.objCommonDB->fnreturnfield("NoOfPreviousDays", "companyID=" + bas_.companyText())));
   bas_.strBrowseTable = bas_.TableLinks["pempmonthlyentryheader"];
   bas_.strBrowseSQL = browseStatement(bas_);
   if (lookBackDays > 0)

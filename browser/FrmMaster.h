@@ -1,13 +1,11 @@
 // The list of monthly entries.
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "component/BasPaySlate.h"
+#include "component/FormHelpers.h"
 #include "entry/frmpayslate.h"
-#include "platform/common/CommonDB.h"
-#include "platform/common/CommonGen.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
@@ -72,8 +70,7 @@ class FrmMaster : public ui::Form, private EntryList {
   void RefreshBrowseRow(const std::string& condition, std::int32_t entryId) override;
 
   BasPaySlate& bas_;
-  std::unique_ptr<common::CommonGen> objCommonGen_;
-  std::unique_ptr<common::CommonDB> objCommonDB_;
+  FormHelpers helpers_;
   ui::FormSlot<frmpayslate> entryForm_;
 };
 

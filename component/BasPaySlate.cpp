@@ -92,6 +92,11 @@ ui::Answer BasPaySlate::message(const std::string& text, ui::MessageStyle style)
   return desktop().showMessage({text, style, MsgboxTitle});
 }
 
+void BasPaySlate::refuse(const std::string& reason, ui::Control& control) const {
+  message(reason);
+  control.SetFocus();
+}
+
 std::string BasPaySlate::helpFile() const {
   return desktop().applicationFolder() + "\\Help\\helpfile.hlp";
 }

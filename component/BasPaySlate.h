@@ -53,6 +53,9 @@ class BasPaySlate : public Session {
   /// A message box with the session's title.
   ui::Answer message(const std::string& text, ui::MessageStyle style = ui::MessageStyle::Information) const;
 
+  /// Says why something is refused and moves the focus to where it can be put right.
+  void refuse(const std::string& reason, ui::Control& control) const;
+
   /// Where the application's help file stands.
   [[nodiscard]] std::string helpFile() const;
   [[nodiscard]] std::string shortDate(basic::Date date) const;

@@ -13,7 +13,8 @@ enum : int { SlNo, DeductionType, Amount, DeductID, Type, CurrencySymbol, Transa
 /// Texts of `lvwAllow`'s column "Default".
 namespace AllowKind {
 constexpr const char* Standing = "Y";
-constexpr const char* CarriedForward = "B";
+constexpr const char* Added = "N";           ///< By the clerk, or from hours.
+constexpr const char* CarriedForward = "B";  ///< Its "AllowID" is the balance.
 }  // namespace AllowKind
 
 /// Texts of `lvwDeduct`'s column "Type".
@@ -21,6 +22,9 @@ namespace DeductKind {
 constexpr const char* Standing = "D";
 constexpr const char* Loan = "L";
 constexpr const char* Savings = "S";
+constexpr const char* Facility = "F";
+constexpr const char* Hourly = "O";
+constexpr const char* Added = "N";
 constexpr const char* CarriedForward = "B";
 }  // namespace DeductKind
 

@@ -2,13 +2,16 @@
 #include "entry/PayLoader.h"
 
 #include "component/BasPaySlate.h"
+#include "component/CurrencySymbols.h"
+#include "component/FormHelpers.h"
+#include "component/ListPage.h"
 #include "entry/EntryState.h"
 #include "paycomponents/Formulas.h"
+#include "paycomponents/HourlyItems.h"
 #include "paycomponents/ListColumns.h"
 #include "persistence/CarriedForward.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
-#include "platform/common/CommonDB.h"
 #include "platform/ui/Label.h"
 
 namespace payslate {
@@ -66,44 +69,53 @@ std::string savingsStatement(const Session& session, const std::string& employee
 
 }  // namespace
 
-void PayLoader::lookUpSymbol(common::CommonDB& database, const basic::Value& currencyId) {
-  state_.strCurSymbol.clear();
-  if (basic::isNull(currencyId)) return;
-  database.strTableName(bas_.TableLinks["pCurrencyMaster"]);
-  state_.strCurSymbol = basic::textOf(database.fnreturnfield(
-      "Symbol",
-      "CompanyID=" + bas_.companyText() + " and CurrencyID=" + std::to_string(basic::CLng(currencyId))));
+void PayLoader::lookUpSymbol(const basic::Value& currencyId) {
+  state_.strCurSymbol = currencySymbol(bas_, *helpers_.objCommonDB, currencyId);
 }
 
-void PayLoader::loadBasicPay(common::CommonDB& database, std::int32_t employeeId) {
+void PayLoader::loadBasicPay(std::int32_t employeeId) {
   ado::Recordset employee;
   employee.Open(basicPayStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
                 LockType::Optimistic);
   if (employee.Eof()) return;
   state_.dblBasic = numberOf(employee.Fields("eBasic").Value());
-  lookUpSymbol(database, employee.Fields("ecurrencyid").Value());
+  lookUpSymbol(employee.Fields("ecurrencyid").Value());
   controls_.lblBasicPay.Caption = "BasicPay (" + state_.strCurSymbol + "):";
   controls_.lblcursymbol.Caption = state_.strCurSymbol;
 }
 
-std::string PayLoader::standingAmount(const basic::Value& formula, const basic::Value& amount) const {
+std::string PayLoader::standingAmount(const std::string& component, const basic::Value& formula,
+                                      const basic::Value& amount) const {
   const std::int32_t formulaId = basic::isNull(formula) ? 0 : basic::CLng(formula);
-  return basic::Format(formulaId > 0 ? formulas_.fnformulaamt(formulaId) : numberOf(amount), amountPattern);
+  return basic::Format(formulaId > 0 ? formulas_.amountOf(component, formulaId) : numberOf(amount),
+                       amountPattern);
 }
 
-void PayLoader::fnLoadEmployeePay(common::CommonDB& database, std::int32_t employeeId) {
-  loadBasicPay(database, employeeId);
+void PayLoader::fnLoadEmployeePay(std::int32_t employeeId) {
+  loadBasicPay(employeeId);
   controls_.lvwAllow.clear();
   ado::Recordset rows;
   rows.Open(allowanceStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
-    lookUpSymbol(database, rows.Fields("acurrencyid").Value());
+    lookUpSymbol(rows.Fields("acurrencyid").Value());
     controls_.lvwAllow.addRow(
         {nextSerialNumber(controls_.lvwAllow), rows.Fields("aDescription").Text(),
-         standingAmount(rows.Fields("aformulaid").Value(), rows.Fields("eaamount").Value()),
+         standingAmount(rows.Fields("aDescription").Text(), rows.Fields("aformulaid").Value(),
+                        rows.Fields("eaamount").Value()),
          rows.Fields("eaallowanceid").Text(), AllowKind::Standing, state_.strCurSymbol});
   }
+  hourlyItems_.fnLoadHourlyItems(HourlyKind::Allowances, employeeId);
+}
+
+void PayLoader::fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDate) {
+  state_.strCurSymbol = employeeCurrencySymbol(bas_, *helpers_.objCommonDB, employeeId);
+  double balance = 0;
+  fnGetCarryForwardBalance(bas_, employeeId, entryDate, balance);
+  if (balance <= 0) return;
+  const std::string text = basic::numberText(balance);
+  controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), "Previous Salary Carry Forward Balance",
+                             text, text, AllowKind::CarriedForward, state_.strCurSymbol});
 }
 
 void PayLoader::addDeduction(std::string description, std::string amount, std::string id, const char* type,
@@ -113,47 +125,49 @@ void PayLoader::addDeduction(std::string description, std::string amount, std::s
                               std::move(transactionId)});
 }
 
-void PayLoader::loadStandingRows(common::CommonDB& database, std::int32_t employeeId) {
+void PayLoader::loadStandingRows(std::int32_t employeeId) {
   ado::Recordset rows;
   rows.Open(deductionStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
-    lookUpSymbol(database, rows.Fields("dcurrencyid").Value());
+    lookUpSymbol(rows.Fields("dcurrencyid").Value());
     addDeduction(rows.Fields("ddescription").Text(),
-                 standingAmount(rows.Fields("dformulaid").Value(), rows.Fields("edamount").Value()),
+                 standingAmount(rows.Fields("ddescription").Text(), rows.Fields("dformulaid").Value(),
+                                rows.Fields("edamount").Value()),
                  rows.Fields("eddeductionid").Text(), DeductKind::Standing, {});
   }
 }
 
-void PayLoader::loadLoans(common::CommonDB& database, std::int32_t employeeId) {
+void PayLoader::loadLoans(std::int32_t employeeId) {
   ado::Recordset rows;
   rows.Open(loanStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
-    lookUpSymbol(database, rows.Fields("lcurrencyid").Value());
+    lookUpSymbol(rows.Fields("lcurrencyid").Value());
     addDeduction(rows.Fields("lDescription").Text(),
                  basic::Format(numberOf(rows.Fields("liInstallmentAmount").Value()), amountPattern),
                  rows.Fields("liLoanID").Text(), DeductKind::Loan, rows.Fields("liID").Text());
   }
 }
 
-void PayLoader::loadSavings(common::CommonDB& database, std::int32_t employeeId) {
+void PayLoader::loadSavings(std::int32_t employeeId) {
   ado::Recordset rows;
   rows.Open(savingsStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
-    lookUpSymbol(database, rows.Fields("scurrencyid").Value());
+    lookUpSymbol(rows.Fields("scurrencyid").Value());
     addDeduction(rows.Fields("sDescription").Text(),
                  basic::Format(numberOf(rows.Fields("osInstallmentAmount").Value()), amountPattern),
                  rows.Fields("ssavingsid").Text(), DeductKind::Savings, rows.Fields("osID").Text());
   }
 }
 
-void PayLoader::fnLoadStandingDeductions(common::CommonDB& database, std::int32_t employeeId) {
+void PayLoader::fnLoadStandingDeductions(std::int32_t employeeId) {
   controls_.lvwDeduct.clear();
-  loadStandingRows(database, employeeId);
-  loadLoans(database, employeeId);
-  loadSavings(database, employeeId);
+  loadStandingRows(employeeId);
+  loadLoans(employeeId);
+  loadSavings(employeeId);
+  hourlyItems_.fnLoadHourlyItems(HourlyKind::Deductions, employeeId);
 }
 
 double PayLoader::reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const {

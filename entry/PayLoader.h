@@ -4,17 +4,17 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/basic/Date.h"
 #include "platform/basic/Value.h"
 
 namespace payslate {
 
 class BasPaySlate;
 class Formulas;
+class HourlyItems;
 struct EntryState;
+struct FormHelpers;
 
-namespace common {
-class CommonDB;
-}
 namespace ui {
 class Label;
 class ListView;
@@ -29,30 +29,43 @@ struct PayControls {
 
 class PayLoader {
  public:
-  PayLoader(BasPaySlate& bas, EntryState& state, const Formulas& formulas, const PayControls& controls)
-      : bas_(bas), state_(state), formulas_(formulas), controls_(controls) {}
+  /// The helpers must be there before anything is loaded.
+  PayLoader(BasPaySlate& bas, EntryState& state, const FormHelpers& helpers, const Formulas& formulas,
+            HourlyItems& hourlyItems, const PayControls& controls)
+      : bas_(bas),
+        state_(state),
+        helpers_(helpers),
+        formulas_(formulas),
+        hourlyItems_(hourlyItems),
+        controls_(controls) {}
 
-  /// Basic pay, currency and standing allowances.
-  void fnLoadEmployeePay(common::CommonDB& database, std::int32_t employeeId);
-  /// Standing deductions, loan instalments, and the instalments of savings with a movement in the period.
-  void fnLoadStandingDeductions(common::CommonDB& database, std::int32_t employeeId);
+  /// Basic pay, currency, standing allowances and those for hours.
+  void fnLoadEmployeePay(std::int32_t employeeId);
+  /// Offers what is owed to the employee from entries before the date, as an allowance.
+  void fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDate);
+  /// Standing deductions, loan instalments, the instalments of savings with a movement in the period, and
+  /// deductions for hours.
+  void fnLoadStandingDeductions(std::int32_t employeeId);
 
   /// Basic pay reduced for late joining and absence, unless the company takes loss of pay through deductions.
   [[nodiscard]] double reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const;
 
  private:
-  void loadBasicPay(common::CommonDB& database, std::int32_t employeeId);
-  void lookUpSymbol(common::CommonDB& database, const basic::Value& currencyId);
-  [[nodiscard]] std::string standingAmount(const basic::Value& formula, const basic::Value& amount) const;
+  void loadBasicPay(std::int32_t employeeId);
+  void lookUpSymbol(const basic::Value& currencyId);
+  [[nodiscard]] std::string standingAmount(const std::string& component, const basic::Value& formula,
+                                           const basic::Value& amount) const;
   void addDeduction(std::string description, std::string amount, std::string id, const char* type,
                     std::string transactionId);
-  void loadStandingRows(common::CommonDB& database, std::int32_t employeeId);
-  void loadLoans(common::CommonDB& database, std::int32_t employeeId);
-  void loadSavings(common::CommonDB& database, std::int32_t employeeId);
+  void loadStandingRows(std::int32_t employeeId);
+  void loadLoans(std::int32_t employeeId);
+  void loadSavings(std::int32_t employeeId);
 
   BasPaySlate& bas_;
   EntryState& state_;
+  const FormHelpers& helpers_;
   const Formulas& formulas_;
+  HourlyItems& hourlyItems_;
   PayControls controls_;
 };
 

@@ -6,7 +6,6 @@
 
 #include "paycomponents/ListColumns.h"
 #include "platform/basic/Numbers.h"
-#include "platform/common/ObjectRegistry.h"
 
 namespace payslate {
 
@@ -15,19 +14,6 @@ namespace {
 std::vector<ui::ColumnLayout> leaveColumns() {
   using enum ui::Alignment;
   return {{"Sno", 926, Left}, {"LeaveName", 7409, Left}, {"LeaveID", 0, Left}, {"No of Days", 2540, Right}};
-}
-
-std::vector<ui::ColumnLayout> facilityColumns() {
-  using enum ui::Alignment;
-  return {{"SINo", 926, Left},
-          {"FacilityID", 0, Left},
-          {"Facility No", 2117, Left},
-          {"Facility Name", 4233, Left},
-          {"Actual Amount", 2117, Right},
-          {"Deducted Amount", 2117, Right},
-          {"Settlement Amount", 2117, Right},
-          {"fmdeductionid", 0, Left},
-          {"CurrencySymbol", 2117, Left}};
 }
 
 std::string employeesWithoutEntry(const Session& session) {
@@ -53,7 +39,14 @@ frmpayslate::frmpayslate(BasPaySlate& bas)
       attendance_(bas, state_,
                   {cboEmpname, dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave,
                    txtNoAbsent, cmdOk}),
-      payLoader_(bas, state_, formulas_, {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
+      hourlyItems_(bas, helpers_, formulas_, {lvwAllow, lvwDeduct}),
+      payLoader_(bas, state_, helpers_, formulas_, hourlyItems_,
+                 {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
+      allowances_(bas, lvwAllow, helpers_, formulas_, totals_),
+      deductions_(bas, {cboEmpname, lvwDeduct}, helpers_, formulas_, totals_),
+      facilities_(bas, {lvwfacility, lvwDeduct}, helpers_, state_.strCurSymbol,
+                  [this] { DisplayCurrency(); }),
+      listMenu_(cboEmpname, cmdOk),
       boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}) {
   KeyPreview = true;
   arrange();
@@ -83,16 +76,25 @@ void frmpayslate::wireEvents() {
   Chkpaid.Click = [this] {
     if (Chkpaid.checked()) chkHold.Value = ui::CheckState::Unchecked;
   };
-  cmdRefresh.Click = [this] { formulas_.refresh(*objCommonDB_, lvwAllow, lvwDeduct); };
+  listMenu_.attach(ActiveList::Allowances, allowances_);
+  listMenu_.attach(ActiveList::Deductions, deductions_);
+  listMenu_.attach(ActiveList::Facilities, facilities_);
+  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct); };
 
   txtBasicPay.Change = [this] { DisplayCurrency(); };
-  txtBasicPay.KeyPress = [this](int& keyAscii) { boxes_.txtBasicPay_KeyPress(*objCommonGen_, keyAscii); };
+  txtBasicPay.KeyPress = [this](int& keyAscii) {
+    boxes_.txtBasicPay_KeyPress(*helpers_.objCommonGen, keyAscii);
+  };
   txtBasicPay.Validate = [this](bool& cancel) { boxes_.txtBasicPay_Validate(cancel); };
   for (ui::TextBox* box : {&txtNoPresent, &txtNoLeave, &txtNoAbsent}) {
     box->GotFocus = [box] { box->SelectAll(); };
-    box->KeyPress = [this, box](int& keyAscii) { boxes_.dayCount_KeyPress(*objCommonGen_, *box, keyAscii); };
+    box->KeyPress = [this, box](int& keyAscii) {
+      boxes_.dayCount_KeyPress(*helpers_.objCommonGen, *box, keyAscii);
+    };
   }
-  txtNoPresent.KeyPress = [this](int& keyAscii) { boxes_.txtNoPresent_KeyPress(*objCommonGen_, keyAscii); };
+  txtNoPresent.KeyPress = [this](int& keyAscii) {
+    boxes_.txtNoPresent_KeyPress(*helpers_.objCommonGen, keyAscii);
+  };
   txtNoPresent.KeyUp = [this](int&, int) { boxes_.txtNoPresent_KeyUp(); };
   txtNoPresent.Validate = [this](bool& cancel) { boxes_.txtNoPresent_Validate(cancel); };
 
@@ -101,13 +103,11 @@ void frmpayslate::wireEvents() {
 }
 
 void frmpayslate::Form_Load() {
-  objCommonGen_ = common::createObjectAs<common::CommonGen>(common::CommonGen::registeredName);
-  objCommonDB_ = common::createObjectAs<common::CommonDB>(common::CommonDB::registeredName);
-  objCommonDB_->adocon(bas_.adocon());
+  helpers_.create(bas_);
   desktop().HelpFile = bas_.helpFile();
   bas_.strComboTable = bas_.TableLinks["pemployee"];
   fillEmployees();
-  attendance_.computePeriod(*objCommonDB_);
+  attendance_.computePeriod(*helpers_.objCommonDB);
   Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
             bas_.shortDate(bas_.dtPeriodEnd);
   tabpayslate.Tab = 0;

@@ -2,19 +2,23 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "component/BasPaySlate.h"
+#include "component/FormHelpers.h"
+#include "component/Navigation.h"
 #include "entry/Attendance.h"
 #include "entry/EntryState.h"
 #include "entry/PayBoxes.h"
 #include "entry/PayLoader.h"
+#include "facilities/FacilityPage.h"
+#include "paycomponents/AllowancePage.h"
 #include "paycomponents/CurrencyTotals.h"
+#include "paycomponents/DeductionPage.h"
 #include "paycomponents/Formulas.h"
+#include "paycomponents/HourlyItems.h"
+#include "paycomponents/ListMenu.h"
 #include "persistence/EntryRecord.h"
-#include "platform/common/CommonDB.h"
-#include "platform/common/CommonGen.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/DatePicker.h"
@@ -104,6 +108,7 @@ class frmpayslate : public ui::Form {
   void loadNewMonth(std::int32_t employeeId);
   void showStoredMonth(std::int32_t employeeId, ado::Recordset& header);
   void enableNavigation();
+  [[nodiscard]] NavigationButtons navigation() { return {cmdFirst, cmdPrevious, cmdNext, cmdLast}; }
 
   void cmdFirst_Click();
   void cmdPrevious_Click();
@@ -118,15 +123,20 @@ class frmpayslate : public ui::Form {
   [[nodiscard]] EntryRecord record() const;
 
   BasPaySlate& bas_;
-  std::unique_ptr<common::CommonGen> objCommonGen_;
-  std::unique_ptr<common::CommonDB> objCommonDB_;
+  FormHelpers helpers_;
   EntryState state_;
   bool blnSaveValid_ = false;
+  std::string noSaveReason_;  ///< Empty when the form holds the selected employee's month.
 
   Formulas formulas_;
   CurrencyTotals totals_;
   Attendance attendance_;
+  HourlyItems hourlyItems_;
   PayLoader payLoader_;
+  AllowancePage allowances_;
+  DeductionPage deductions_;
+  FacilityPage facilities_;
+  ListMenu listMenu_;
   PayBoxes boxes_;
 };
 

@@ -15,10 +15,7 @@ constexpr int nameCharacters = 36;
 void frmpayslate::arrange() {
   for (ui::TextBox* shown : {&txtAtteNo, &txtTotalDays, &txtworkingdays, &txtTotal}) shown->Locked = true;
   Label1.Visible = false;
-  cmdFirst.AccessibleName = "First";
-  cmdPrevious.AccessibleName = "Previous";
-  cmdNext.AccessibleName = "Next";
-  cmdLast.AccessibleName = "Last";
+  navigation().nameForReaders();
   std::size_t page = 0;
   for (ui::ListView* list : {&lvwAllow, &lvwDeduct, &lvwLeaves, &lvwfacility, &lvwCurrency})
     list->AccessibleName = tabpayslate.captions()[page++];

@@ -26,8 +26,11 @@ PaidCash paidCashOf(const ui::CheckBox& paid, const ui::CheckBox& hold) {
 bool frmpayslate::fnValidateEntry() {
   blnSaveValid_ = false;
   if (cboEmpname.ListIndex() < 0) {
-    bas_.message("select Employee");
-    cboEmpname.SetFocus();
+    bas_.refuse("select Employee", cboEmpname);
+    return false;
+  }
+  if (!noSaveReason_.empty()) {
+    bas_.refuse(noSaveReason_, cboEmpname);
     return false;
   }
   for (int row = 0; row < lvwCurrency.rowCount(); ++row) {
@@ -53,12 +56,13 @@ EntryRecord frmpayslate::record() const {
 
 void frmpayslate::save() {
   const EntryRecord entry = record();
-  EntryWriter writer(bas_, *objCommonDB_, entry);
+  EntryWriter writer(bas_, *helpers_.objCommonDB, entry);
   state_.lngEntryID = writer.fnSaveHeader();
   const double browseEntryId = basic::Val(entry.browseEntryId);
   if (browseEntryId > 0) writer.fnDeleteCarryForward(basic::CLng(browseEntryId));
   writer.fnSaveAllowanceDetails();
   writer.fnSaveDeductionDetails();
+  fnSaveFacilityDetails(bas_, state_.lngEntryID, entry.browseEntryId, facilities_.taken());
 }
 
 void frmpayslate::cmdOk_Click() {

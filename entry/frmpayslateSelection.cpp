@@ -42,17 +42,19 @@ bool frmpayslate::prepareNewMonth(std::int32_t employeeId) {
 }
 
 void frmpayslate::showEmployeeSymbol(std::int32_t employeeId) {
-  objCommonDB_->strTableName(" " + bas_.TableLinks["pCurrencyMaster"] + " ," + bas_.TableLinks["pemployee"] +
-                             " ");
-  lblcursymbol.Caption = basic::textOf(
-      objCommonDB_->fnreturnfield("Symbol", "CompanyID=" + bas_.companyText() + " and " +
-                                                " CompanyID=eCompanyID and CurrencyID=ecurrencyid and " +
-                                                " eEmpID=" + std::to_string(employeeId)));
+  helpers_.objCommonDB->strTableName(" " + bas_.TableLinks["pCurrencyMaster"] + " ," +
+                                     bas_.TableLinks["pemployee"] + " ");
+  lblcursymbol.Caption = basic::textOf(helpers_.objCommonDB->fnreturnfield(
+      "Symbol", "CompanyID=" + bas_.companyText() + " and " +
+                    " CompanyID=eCompanyID and CurrencyID=ecurrencyid and " +
+                    " eEmpID=" + std::to_string(employeeId)));
 }
 
 void frmpayslate::cboEmpname_Click() {
   if (cboEmpname.ListIndex() < 0) return;
   const std::int32_t employeeId = cboEmpname.ItemData(cboEmpname.ListIndex());
+  // Until the month is there whole, the lists are the previous employee's or only half filled.
+  noSaveReason_ = "The month of this employee is not loaded. Choose the employee again.";
   std::string headerStatement;
   if (bas_.isNewEntry()) {
     headerStatement = newMonthStatement(bas_, employeeId);
@@ -75,8 +77,10 @@ void frmpayslate::loadNewMonth(std::int32_t employeeId) {
   bas_.strMode = EntryMode::New;
   for (ui::TextBox* box : {&txtAtteNo, &txtNoAbsent, &txtNoLeave, &txtNoPresent}) box->Text = "";
   if (!attendance_.fnLoadAttendance()) return;
-  payLoader_.fnLoadEmployeePay(*objCommonDB_, employeeId);
-  payLoader_.fnLoadStandingDeductions(*objCommonDB_, employeeId);
+  payLoader_.fnLoadEmployeePay(employeeId);
+  payLoader_.fnLoadCarryForward(employeeId, dtpattdate.Value());
+  payLoader_.fnLoadStandingDeductions(employeeId);
+  facilities_.fnLoadFacilities(employeeId);
   bas_.fnLoadLeaveSummary(employeeId, lvwLeaves);
   enableNavigation();
   attendance_.setWorkingDays();
@@ -86,24 +90,22 @@ void frmpayslate::loadNewMonth(std::int32_t employeeId) {
   attendance_.setPresentDays();
   txtBasicPay.Tag = txtBasicPay.Text();
   DisplayCurrency();
+  noSaveReason_.clear();
 }
 
 void frmpayslate::showStoredMonth(std::int32_t employeeId, ado::Recordset& header) {
   bas_.strMode = EntryMode::Existing;
+  noSaveReason_ = "This employee has an entry for the month. Open it from the list to change it.";
   while (basic::CLng(header.Fields("emhempID").Value()) != employeeId) header.MoveNext();
   txtAtteNo.Text = header.Fields("emhNo").Text();
   dtpattdate.Value = dateOf(header.Fields("emhDate").Value());
-  objCommonGen_->selectcomboitembyvalue(cboEmpname, basic::CLng(header.Fields("emhempID").Value()));
+  helpers_.objCommonGen->selectcomboitembyvalue(cboEmpname, basic::CLng(header.Fields("emhempID").Value()));
   enableNavigation();
   BasPaySlate::StoreControlValues(*this);
 }
 
 void frmpayslate::enableNavigation() {
-  const int index = cboEmpname.ListIndex();
-  const bool first = index == 0;
-  const bool last = !first && index == cboEmpname.ListCount() - 1;
-  for (ui::CommandButton* back : {&cmdFirst, &cmdPrevious}) back->Enabled = !first;
-  for (ui::CommandButton* forward : {&cmdNext, &cmdLast}) forward->Enabled = !last;
+  navigation().enableAt(cboEmpname.ListIndex(), cboEmpname.ListCount());
 }
 
 }  // namespace payslate

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "component/ListPage.h"
 #include "paycomponents/ListColumns.h"
 #include "platform/basic/Numbers.h"
 #include "platform/ui/Label.h"

@@ -9,7 +9,9 @@
 #include "component/BasPaySlate.h"
 #include "component/Session.h"
 #include "paycomponents/ListColumns.h"
+#include "paycomponents/PayLookups.h"
 #include "platform/ado/Recordset.h"
+#include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
 #include "platform/common/CommonDB.h"
 #include "platform/ui/ComboBox.h"
@@ -32,6 +34,23 @@ std::string parameterStatement(const Session& session, std::int32_t employeeId) 
 std::string expressionStatement(const Session& session, std::int32_t formulaId) {
   return "select fFormulaName from " + session.TableLinks["pformula"] +
          " where fcompanyid = " + session.companyText() + " and fformulaid = " + std::to_string(formulaId);
+}
+
+std::string failure(std::int32_t formulaId, const std::string& statement, const std::string& reason) {
+  return "Formula " + std::to_string(formulaId) + " cannot be computed.\rSent: " + statement +
+         "\rAnswer: " + reason;
+}
+
+double computed(ado::Connection& connection, std::int32_t formulaId, const std::string& statement) {
+  try {
+    ado::Recordset result = connection.Execute(statement);
+    return basic::CDbl(result.Fields(0).Value());
+  } catch (ado::Error& error) {
+    error.Description = failure(formulaId, statement, error.Description);
+    throw;
+  } catch (const basic::ValueError& error) {
+    throw ado::Error(failure(formulaId, statement, error.what()), "22018");
+  }
 }
 
 }  // namespace
@@ -110,24 +129,39 @@ double Formulas::fnformulaamt(std::int32_t formulaId) const {
     arithmetic += values.replaced(text.substr(at, blank - at));
     at = blank + 1;
   }
-  ado::Recordset result = session_.adocon()->Execute("select " + arithmetic);
-  return basic::CDbl(result.Fields(0).Value());
+  return computed(*session_.adocon(), formulaId, "select " + arithmetic);
+}
+
+double Formulas::amountOf(const std::string& component, std::int32_t formulaId) const {
+  try {
+    return fnformulaamt(formulaId);
+  } catch (ado::Error& error) {
+    error.Description.insert(0, component + ": ");
+    throw;
+  }
+}
+
+void Formulas::refreshRow(ui::ListView& list, int row, int descriptionColumn, int amountColumn,
+                          std::int32_t formulaId) const {
+  if (formulaId <= 0) return;
+  const double amount = amountOf(list.cellText(row, descriptionColumn), formulaId);
+  list.setCell(row, amountColumn, basic::numberText(amount));
 }
 
 void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const {
-  const auto refreshList = [&](ui::ListView& list, int idColumn, int amountColumn, const char* table,
-                               const char* field, const std::string& condition) {
-    for (int row = 0; row < list.rowCount(); ++row) {
-      database.strTableName(session_.TableLinks[table]);
-      const std::string id = std::to_string(basic::numberOrZero(list.cellText(row, idColumn)));
-      const auto formulaId = basic::CLng(numberOf(database.fnreturnfield(field, condition + id)));
-      if (formulaId > 0) list.setCell(row, amountColumn, basic::numberText(fnformulaamt(formulaId)));
-    }
-  };
-  refreshList(lvwAllow, AllowColumn::AllowID, AllowColumn::Amount, "pAllowances", "aformulaid",
-              " acompanyid = " + session_.companyText() + " and aallowanceid = ");
-  refreshList(lvwDeduct, DeductColumn::DeductID, DeductColumn::Amount, "pDeductions", "dformulaid",
-              " dcompanyid = " + session_.companyText() + " and ddedid = ");
+  const PayLookups allowances(session_, allowanceKind);
+  for (int row = 0; row < lvwAllow.rowCount(); ++row) {
+    if (lvwAllow.cellText(row, AllowColumn::Default) == AllowKind::CarriedForward) continue;
+    const std::int32_t id = basic::numberOrZero(lvwAllow.cellText(row, AllowColumn::AllowID));
+    refreshRow(lvwAllow, row, AllowColumn::AllowanceType, AllowColumn::Amount,
+               allowances.formulaId(database, id));
+  }
+  const PayLookups deductions(session_, deductionKind);
+  for (int row = 0; row < lvwDeduct.rowCount(); ++row) {
+    const std::int32_t id = basic::numberOrZero(lvwDeduct.cellText(row, DeductColumn::DeductID));
+    refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount,
+               deductions.formulaId(database, id));
+  }
 }
 
 }  // namespace payslate

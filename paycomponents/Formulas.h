@@ -31,16 +31,22 @@ class Formulas {
   Formulas(Session& session, const FormulaControls& controls) : session_(session), controls_(controls) {}
 
   /// Value of the formula for the selected employee and the pay period, with the server's full precision. An
-  /// employee must be selected. Errors: no such formula or an empty one, whatever the server refuses (an
-  /// unknown word, a division by zero), a result that is Null or no number.
+  /// employee must be selected. ado::Error: no such formula or an empty one, whatever the server refuses (an
+  /// unknown word, a division by zero), a result that is Null or no number; the description then holds the
+  /// statement as sent.
   [[nodiscard]] double fnformulaamt(std::int32_t formulaId) const;
 
+  /// The same, and an error says which pay component it is about.
+  [[nodiscard]] double amountOf(const std::string& component, std::int32_t formulaId) const;
+
   /// Computes the amount of every row whose pay component has a formula; rows before a failing one stay
-  /// computed.
+  /// computed. The balance carried forward is no component.
   void refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const;
 
  private:
   struct Parameters;
+  void refreshRow(ui::ListView& list, int row, int descriptionColumn, int amountColumn,
+                  std::int32_t formulaId) const;
   [[nodiscard]] Parameters parameters() const;
   [[nodiscard]] std::string expression(std::int32_t formulaId) const;
 

@@ -30,9 +30,4 @@ inline std::vector<ui::ColumnLayout> currencyColumns() {
   return {{"SI.No", 0, Left}, {"Details", 7937, Left}, {"Amount", 2646, Right}};
 }
 
-/// The serial number that the next row of a list gets.
-inline std::string nextSerialNumber(const ui::ListView& list) {
-  return std::to_string(list.rowCount() + 1);
-}
-
 }  // namespace payslate

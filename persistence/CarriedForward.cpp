@@ -27,6 +27,22 @@ void EntryWriter::fnDeleteCarryForward(std::int32_t entryId) {
                              session_.companyText() + " and ecdPaySlateID = " + std::to_string(entryId));
 }
 
+void fnGetCarryForwardBalance(Session& session, std::int32_t employeeId, basic::Date before,
+                              double& balance) {
+  ado::Recordset sum;
+  sum.Open(
+      "Select coalesce(sum(b.ecdAmount*b.ecdmode),0) from pEmpMonthlyEntryHeader a,"
+      " pEmployeeCurrentDetails b Where a.emhCompanyID = b.ecdCompanyID and a.emhId = b.ecdPaySlateID"
+      " and a.emhCancelled=0 and a.emhEmpID=" +
+          std::to_string(employeeId) + " and a.emhCompanyID=" + session.companyText() + " and a.emhdate < '" +
+          basic::formatDate(before, "yyyymmdd") + "'",
+      *session.adocon(), ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);
+  balance = 0;
+  if (sum.Eof()) return;
+  // Movements are whole cents, but a sum of doubles need not be.
+  balance = basic::Val(basic::Format(basic::CDbl(sum.Fields(0).Value()), "0.00"));
+}
+
 void fnLOPThroughDeductions(Session& session, bool& result) {
   ado::Recordset row;
   row.Open("select LOPThroughDeductions from pSettings where companyID=" + session.companyText(),

@@ -18,8 +18,9 @@ schema/              : platform/basic/ platform/ado/
 component/clspayslate: component/ browser/ $platform
 component/           : $platform
 persistence/         : component/Session.h component/PayRows.h platform/basic/ platform/ado/ platform/common/
+facilities/          : component/ $platform
 paycomponents/       : component/ $platform
-entry/               : component/ paycomponents/ persistence/ $platform
+entry/               : component/ facilities/ paycomponents/ persistence/ $platform
 browser/             : component/ entry/ $platform
 desktop/             : platform/basic/ platform/ui/ <Q
 host/                : component/ schema/ desktop/ platform/ <Q <CLI/
@@ -45,7 +46,7 @@ while IFS= read -r file; do
     done
     [ "$ok" = yes ] || { echo "$file: may not include $included"; faults=1; }
   done < <(sed -n 's/^ *# *include *"\([^"]*\)".*/\1/p; s/^ *# *include *\(<[^>]*>\).*/\1/p' "$file")
-done < <(find platform schema component persistence paycomponents entry browser desktop host \
+done < <(find platform schema component persistence facilities paycomponents entry browser desktop host \
               -name '*.cpp' -o -name '*.h' | sort)
 [ "$faults" -eq 0 ] && echo "All includes point the right way."
 exit "$faults"

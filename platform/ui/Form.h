@@ -129,6 +129,20 @@ class FormSlot {
   }
   [[nodiscard]] bool isLoaded() const { return form_ && form_->isLoaded(); }
 
+  /// Prepares the instance, which `prepare` gets by reference, and shows it. One that could not be prepared
+  /// is not kept, and the error goes to the caller.
+  template <class Prepare>
+  void show(Prepare prepare) {
+    F& form = get();
+    try {
+      prepare(form);
+    } catch (...) {
+      form.abandon();
+      throw;
+    }
+    form.Show();
+  }
+
  private:
   std::function<std::shared_ptr<F>()> make_;
   std::shared_ptr<F> form_;

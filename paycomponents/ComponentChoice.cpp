@@ -1,0 +1,59 @@
+// Amount, currency and formula of the chosen component.
+#include "paycomponents/ComponentChoice.h"
+
+#include "component/FormHelpers.h"
+#include "paycomponents/Formulas.h"
+#include "platform/basic/Numbers.h"
+#include "platform/ui/ComboBox.h"
+#include "platform/ui/Label.h"
+#include "platform/ui/TextBox.h"
+
+namespace payslate {
+
+std::int32_t ComponentChoice::componentId() const {
+  return controls_.combo.ItemData(controls_.combo.ListIndex());
+}
+
+void ComponentChoice::chosen() {
+  if (controls_.combo.ListIndex() < 0) return;
+  try {
+    fillIn(componentId());
+  } catch (...) {
+    controls_.combo.setListIndex(-1);
+    throw;
+  }
+}
+
+void ComponentChoice::price(std::int32_t componentId) {
+  if (showsRow_ && rowComponentId_ == componentId) return;
+  const std::int32_t formulaId = lookups_.formulaId(*helpers_.objCommonDB, componentId);
+  if (formulaId >= 1) {
+    controls_.txtAmount.Text = basic::numberText(formulas_.amountOf(controls_.combo.Text(), formulaId));
+  } else if (!showsRow_) {
+    controls_.txtAmount.Text = "";
+  }
+}
+
+void ComponentChoice::fillIn(std::int32_t componentId) {
+  price(componentId);
+  common::CommonDB& database = *helpers_.objCommonDB;
+  controls_.lblsymbol.Caption = lookups_.symbol(database, componentId);
+  const std::string code = lookups_.formulaCode(database, componentId);
+  controls_.lblformula.Caption = code.empty() ? std::string() : "Amount By Formula :" + code;
+  controls_.txtAmount.Enabled = code.empty();
+}
+
+void ComponentChoice::showRow(const Row& row) {
+  showsRow_ = true;
+  rowComponentId_ = row.componentId;
+  controls_.txtAmount.Text = row.amount;
+  controls_.combo.setListIndex(-1);  // So that choosing is a choice even when the last row had the same type.
+  if (row.componentId) helpers_.objCommonGen->selectcomboitembyvalue(controls_.combo, *row.componentId);
+  if (controls_.combo.ListIndex() >= 0) return;
+  controls_.combo.setText(row.description);
+  controls_.lblsymbol.Caption = row.symbol;
+  controls_.lblformula.Caption = "";
+  controls_.txtAmount.Enabled = true;
+}
+
+}  // namespace payslate

@@ -1,0 +1,65 @@
+// Choosing a type of allowance or deduction in a popup: what follows from the choice.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "paycomponents/PayLookups.h"
+
+namespace payslate {
+
+class Formulas;
+struct FormHelpers;
+
+namespace ui {
+class ComboBox;
+class Label;
+class TextBox;
+}  // namespace ui
+
+/// The combo offers the types; its choice fills amount, currency symbol and formula label. A component with a
+/// formula is not priced by hand: its amount box is disabled.
+class ComponentChoice {
+ public:
+  struct Controls {
+    ui::ComboBox& combo;
+    ui::TextBox& txtAmount;
+    ui::Label& lblsymbol;
+    ui::Label& lblformula;
+  };
+  /// A row as its list shows it. Without a component the combo only shows the description.
+  struct Row {
+    std::string description;
+    std::string amount;
+    std::string symbol;
+    std::optional<std::int32_t> componentId;
+  };
+
+  ComponentChoice(const Session& session, const PayComponentKind& kind, const Formulas& formulas,
+                  const FormHelpers& helpers, const Controls& controls)
+      : lookups_(session, kind), formulas_(formulas), helpers_(helpers), controls_(controls) {}
+
+  /// The combo's Click. A choice whose formula or currency cannot be had is taken back, and the error passed
+  /// on.
+  void chosen();
+  /// Shows a row that is in the list. Its amount stays while its component does; a component with a formula
+  /// that is chosen in its place brings its own.
+  void showRow(const Row& row);
+
+  /// A component must be chosen.
+  [[nodiscard]] std::int32_t componentId() const;
+
+ private:
+  void fillIn(std::int32_t componentId);
+  void price(std::int32_t componentId);
+
+  PayLookups lookups_;
+  const Formulas& formulas_;
+  const FormHelpers& helpers_;
+  Controls controls_;
+  bool showsRow_ = false;
+  std::optional<std::int32_t> rowComponentId_;
+};
+
+}  // namespace payslate

@@ -1,0 +1,58 @@
+// The deductions of the entry form.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "component/ListPage.h"
+#include "platform/ui/Form.h"
+
+namespace payslate {
+
+class CurrencyTotals;
+class Formulas;
+class frmDeductPopup;
+struct FormHelpers;
+
+namespace ui {
+class ComboBox;
+}
+
+class DeductionPage : public ListPage {
+ public:
+  struct Controls {
+    const ui::ComboBox& cboEmpname;
+    ui::ListView& lvwDeduct;
+  };
+
+  /// The helpers are those of the entry form; they must be there before a command runs.
+  DeductionPage(BasPaySlate& bas, const Controls& controls, const FormHelpers& helpers,
+                const Formulas& formulas, CurrencyTotals& totals);
+
+  [[nodiscard]] ui::ListView& list() override { return controls_.lvwDeduct; }
+  [[nodiscard]] bool offersAdd() const override { return true; }
+  /// Only what the clerk added goes.
+  [[nodiscard]] bool mayDelete(int row) const override;
+  void add() override;
+  void edit() override;
+  void remove() override;
+
+  std::string strDeductionFlag;  ///< A PopupMode: whether the popup adds a row or edits the selected one.
+  bool blnDeductChange = false;  ///< The clerk has added, changed or deleted a row.
+
+  [[nodiscard]] const Formulas& formulas() const { return formulas_; }
+  /// The employee whose month is entered; one must be selected.
+  [[nodiscard]] std::int32_t employeeId() const;
+  void DisplayCurrency();
+
+ private:
+  BasPaySlate& bas_;
+  Controls controls_;
+  const FormHelpers& helpers_;
+  const Formulas& formulas_;
+  CurrencyTotals& totals_;
+  ui::FormSlot<frmDeductPopup> popup_;
+};
+
+}  // namespace payslate
