@@ -54,12 +54,15 @@ void FrmMaster::fnMarkCancelledRows() {
   } else {
     setEditAndDelete();
   }
-  for (int row = 1; row < flexMaster.Rows(); ++row) {
-    if (!isCancelled(row)) continue;
-    for (int column = 0; column <= BrowseColumn::Cancelled; ++column) {
-      flexMaster.setCurrent(row, column);
-      flexMaster.setCellColor(ui::Grid::red);
-    }
+  for (int row = 1; row < flexMaster.Rows(); ++row)
+    if (isCancelled(row)) markRow(row);
+}
+
+void FrmMaster::markRow(int row) {
+  const bool cancelled = isCancelled(row);
+  for (int column = 0; column <= BrowseColumn::Cancelled; ++column) {
+    flexMaster.setCurrent(row, column);
+    if (cancelled) flexMaster.setCellColor(ui::Grid::red);
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "browser/BrowseColumns.h"
 #include "browser/GridSearch.h"
+#include "browser/Hourglass.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate {
@@ -17,24 +18,13 @@ std::string browseStatement(const Session& session) {
          session.companyText();
 }
 
-// Shows the hourglass for as long as it lives.
-class Hourglass {
- public:
-  explicit Hourglass(ui::Form& form) : form_(form) { form_.MousePointer = ui::Pointer::Hourglass; }
-  ~Hourglass() { form_.MousePointer = ui::Pointer::Default; }
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
-
- private:
-  ui::Form& form_;
-};
-
 }  // namespace
 
 FrmMaster::FrmMaster(BasPaySlate& bas)
     : Form("FrmMaster", bas.desktop(), "Monthly Entry"),
       bas_(bas),
-      entryForm_([&bas] { return std::make_shared<frmpayslate>(bas); }) {
+      entryForm_([&bas] { return std::make_shared<frmpayslate>(bas); }),
+      cancelForm_([&bas] { return std::make_shared<frmCancel>(bas); }) {
   KeyPreview = true;
   optAscend.Value = true;
   arrange();
@@ -71,6 +61,10 @@ void FrmMaster::wireEvents() {
     if (keyAscii == ui::KeyAscii::CtrlD) flexMaster.SetFocus();
   };
   flexMaster.EnterCell = [this] { flexMaster_EnterCell(); };
+  flexMaster.DblClick = [this] { flexMaster_DblClick(); };
+  flexMaster.KeyDown = [this](int& keyCode, int) {
+    if (keyCode == ui::KeyCode::Delete && CmdDelete.Enabled()) CmdDelete_Click();
+  };
   flexMaster.KeyPress = [this](int& keyAscii) { flexMaster_KeyPress(keyAscii); };
   cboColNames.Click = [this] { cboColNames_Click(); };
   for (ui::OptionButton* direction : {&optAscend, &optDescend})
@@ -83,6 +77,8 @@ void FrmMaster::wireEvents() {
        std::initializer_list<ui::Control*>{&cboColNames, &cboSearch, &optAscend, &optDescend, &txtsearch})
     control->KeyPress = enterMovesOn;
   cmdnew.Click = [this] { cmdnew_Click(); };
+  CmdEdit.Click = [this] { CmdEdit_Click(); };
+  CmdDelete.Click = [this] { CmdDelete_Click(); };
   CmdClose.Click = [this] { Unload(); };
 }
 
@@ -135,6 +131,11 @@ void FrmMaster::flexMaster_EnterCell() {
 
 void FrmMaster::flexMaster_KeyPress(int& keyAscii) {
   if (keyAscii == ui::KeyAscii::CtrlReturn) cmdnew_Click();
+  if (keyAscii == ui::KeyAscii::Return) flexMaster_DblClick();
+}
+
+void FrmMaster::flexMaster_DblClick() {
+  if (CmdEdit.Enabled()) CmdEdit_Click();
 }
 
 void FrmMaster::cboColNames_Click() {

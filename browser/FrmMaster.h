@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "browser/frmCancel.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"
 #include "entry/frmpayslate.h"
@@ -14,6 +15,8 @@
 #include "platform/ui/TextBox.h"
 
 namespace payslate {
+
+class StoredEntry;
 
 class FrmMaster : public ui::Form, private EntryList {
  public:
@@ -52,14 +55,24 @@ class FrmMaster : public ui::Form, private EntryList {
   void Form_Activate();
   void setBrowseStatement();
   void fnSetGridHeader();
+  void markRow(int row);
   void UserRights();
   [[nodiscard]] bool holds(const char* right);
   void setEditAndDelete();
   void flexMaster_EnterCell();
   void flexMaster_KeyPress(int& keyAscii);
+  void flexMaster_DblClick();
   void cboColNames_Click();
   void fnSearchGrid();
   void cmdnew_Click();
+
+  // Editing and cancelling: ChangeEntry.cpp
+  void CmdEdit_Click();
+  void openEntry(StoredEntry& entry, frmpayslate& form);
+  void refuseChanges(frmpayslate& form, const std::string& reason) const;
+  void CmdDelete_Click();
+  void cancelEntry(int row);
+  void settleAfterDelete();
 
   [[nodiscard]] const std::string& currentCell(int column) const;
   [[nodiscard]] bool isCancelled(int row) const;
@@ -72,6 +85,7 @@ class FrmMaster : public ui::Form, private EntryList {
   BasPaySlate& bas_;
   FormHelpers helpers_;
   ui::FormSlot<frmpayslate> entryForm_;
+  ui::FormSlot<frmCancel> cancelForm_;
 };
 
 }  // namespace payslate

@@ -28,4 +28,8 @@ constexpr const char* Added = "N";
 constexpr const char* CarriedForward = "B";
 }  // namespace DeductKind
 
+/// Descriptions of rows carried forward: what is paid out of the balance, and what is withheld.
+constexpr const char* balanceDescription = "Previous Salary Carry Forward Balance";
+constexpr const char* carryForwardDescription = "Salary Carry Forward";
+
 }  // namespace payslate

@@ -114,7 +114,7 @@ void PayLoader::fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDat
   fnGetCarryForwardBalance(bas_, employeeId, entryDate, balance);
   if (balance <= 0) return;
   const std::string text = basic::numberText(balance);
-  controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), "Previous Salary Carry Forward Balance",
+  controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), balanceDescription,
                              text, text, AllowKind::CarriedForward, state_.strCurSymbol});
 }
 

@@ -111,8 +111,10 @@ void frmpayslate::Form_Load() {
   Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
             bas_.shortDate(bas_.dtPeriodEnd);
   tabpayslate.Tab = 0;
+  const bool reloaded = !Tag().empty();
   Tag = "Loaded";
-  BasPaySlate::StoreControlValues(*this);
+  // A stored entry is still there when another date was picked, and what the clerk changed in it still counts.
+  if (bas_.isNewEntry() || !reloaded) BasPaySlate::StoreControlValues(*this);
 }
 
 void frmpayslate::fillEmployees() {
@@ -121,7 +123,7 @@ void frmpayslate::fillEmployees() {
     dtpattdate.Value = bas_.ProcessDate;
     return;
   }
-  bas_.FillCombo(cboEmpname, "eEmpId", "ename", "eCompanyID=" + bas_.companyText());
+  if (Tag().empty()) bas_.FillCombo(cboEmpname, "eEmpId", "ename", "eCompanyID=" + bas_.companyText());
   takeEntryFromList();
   cboEmpname.Enabled = false;
 }

@@ -90,6 +90,12 @@ class frmpayslate : public ui::Form {
   double fnformulaamt(std::int32_t& formulaId) { return formulas_.fnformulaamt(formulaId); }
   void DisplayCurrency() { totals_.DisplayCurrency(); }
 
+  [[nodiscard]] NavigationButtons navigation() { return {cmdFirst, cmdPrevious, cmdNext, cmdLast}; }
+  void dblHolidays(double days) { state_.dblHolidays = days; }
+  /// Whoever filled the form from elsewhere says that the selected employee's month is whole and may be
+  /// saved.
+  void monthIsWhole() { noSaveReason_.clear(); }
+
  private:
   void arrange();  // frmpayslateLayout.cpp: where the controls stand
   void wireEvents();
@@ -108,7 +114,6 @@ class frmpayslate : public ui::Form {
   void loadNewMonth(std::int32_t employeeId);
   void showStoredMonth(std::int32_t employeeId, ado::Recordset& header);
   void enableNavigation();
-  [[nodiscard]] NavigationButtons navigation() { return {cmdFirst, cmdPrevious, cmdNext, cmdLast}; }
 
   void cmdFirst_Click();
   void cmdPrevious_Click();

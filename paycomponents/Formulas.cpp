@@ -158,6 +158,7 @@ void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::L
   }
   const PayLookups deductions(session_, deductionKind);
   for (int row = 0; row < lvwDeduct.rowCount(); ++row) {
+    if (lvwDeduct.cellText(row, DeductColumn::Type) == DeductKind::CarriedForward) continue;
     const std::int32_t id = basic::numberOrZero(lvwDeduct.cellText(row, DeductColumn::DeductID));
     refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount,
                deductions.formulaId(database, id));

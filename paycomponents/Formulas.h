@@ -40,7 +40,7 @@ class Formulas {
   [[nodiscard]] double amountOf(const std::string& component, std::int32_t formulaId) const;
 
   /// Computes the amount of every row whose pay component has a formula; rows before a failing one stay
-  /// computed. The balance carried forward is no component.
+  /// computed. Rows carried forward are no components.
   void refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const;
 
  private:

@@ -12,8 +12,6 @@ namespace payslate {
 
 namespace {
 
-constexpr const char* carryForwardDescription = "Salary Carry Forward";
-
 // Deductions that recover the cost of a facility come from its ticks alone.
 std::string choosableDeductions(const Session& session) {
   return "dActive = 1 and dCompanyID = " + session.companyText() +

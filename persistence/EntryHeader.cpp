@@ -85,6 +85,8 @@ std::int32_t EntryWriter::fnSaveHeader() {
     lngEntryID_ = basic::CLng(entry_.browseEntryId);
     header.Open(storedHeaderStatement(session_, lngEntryID_), *session_.adocon(), ado::CursorType::Keyset,
                 ado::LockType::Optimistic);
+    if (header.Eof())
+      throw ado::Error("This entry was cancelled or removed while it was open. Nothing is stored.", "02000");
   }
   header.Fields("emhempID") = entry_.employeeId;
   header.Fields("emhpaidcash") = static_cast<std::int16_t>(entry_.paidCash);

@@ -21,7 +21,7 @@ persistence/         : component/Session.h component/PayRows.h platform/basic/ p
 facilities/          : component/ $platform
 paycomponents/       : component/ $platform
 entry/               : component/ facilities/ paycomponents/ persistence/ $platform
-browser/             : component/ entry/ $platform
+browser/             : component/ persistence/ entry/ $platform
 desktop/             : platform/basic/ platform/ui/ <Q
 host/                : component/ schema/ desktop/ platform/ <Q <CLI/
 "
