@@ -30,9 +30,10 @@ void FrmMaster::GridPopulate(const std::string& statement, const std::string&) {
   flexMaster.setColumns(static_cast<int>(fields));
   std::vector<std::vector<std::string>> cells;
   for (; !rows.Eof(); rows.MoveNext()) {
-    std::vector<std::string>& row = cells.emplace_back();
+    std::vector<std::string> row;
     row.reserve(fields);
     for (std::size_t field = 0; field < fields; ++field) row.push_back(bas_.cellText(rows.Fields(field)));
+    cells.push_back(std::move(row));
   }
   if (!cells.empty()) flexMaster.setRows(std::move(cells));
   fnSetGridHeader();

@@ -23,6 +23,7 @@ class InputTest : public ::testing::Test {
     };
     form->load();
     form->Show();
+    desktop.user = {};
     return logged;
   }
 
