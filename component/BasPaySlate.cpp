@@ -1,6 +1,8 @@
 // Session state of the process and the procedures that forms share.
 #include "component/BasPaySlate.h"
 
+#include <algorithm>
+
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
@@ -35,6 +37,12 @@ std::optional<int> tickedValue(const ui::Control& control) {
   return {};
 }
 
+bool differsFromTag(const ui::Control& control) {
+  if (const std::string* text = enteredText(control)) return basic::Trim(*text) != basic::Trim(control.Tag());
+  const auto value = tickedValue(control);
+  return value && *value != basic::numberOrZero(control.Tag());
+}
+
 }  // namespace
 
 BasPaySlate& basPaySlate() {
@@ -62,13 +70,8 @@ void BasPaySlate::StoreControlValues(ui::Form& form) {
 }
 
 bool BasPaySlate::fnControlsChanged(const ui::Form& form) {
-  for (const ui::Control* control : form.Controls()) {
-    if (const std::string* text = enteredText(*control))
-      if (basic::Trim(*text) != basic::Trim(control->Tag())) return true;
-    if (const auto value = tickedValue(*control))
-      if (*value != basic::numberOrZero(control->Tag())) return true;
-  }
-  return false;
+  return std::any_of(form.Controls().begin(), form.Controls().end(),
+                     [](const ui::Control* control) { return differsFromTag(*control); });
 }
 
 void BasPaySlate::FillCombo(ui::ComboBox& combo, const std::string& keyColumn, const std::string& textColumn,

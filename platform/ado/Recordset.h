@@ -29,7 +29,10 @@ class Field {
   /// a column of numbers; a refused assignment begins no edit.
   Field& operator=(basic::Value value);
   Field(const Field&) = default;
-  Field& operator=(const Field& other) { return *this = other.Value(); }  ///< Assigns the other's value.
+  /// Assigns the other's value, which may be its own.
+  Field& operator=(const Field& other) {  // NOLINT(bugprone-unhandled-self-assignment)
+    return *this = other.Value();
+  }
 
  private:
   friend class Recordset;
