@@ -25,13 +25,20 @@ void ComponentChoice::chosen() {
 }
 
 void ComponentChoice::price(std::int32_t componentId) {
-  if (showsRow_ && rowComponentId_ == componentId) return;
+  if (row_ && row_->componentId == componentId) return keepRowAmount();
   const std::int32_t formulaId = lookups_.formulaId(*helpers_.objCommonDB, componentId);
   if (formulaId >= 1) {
     controls_.txtAmount.Text = basic::numberText(formulas_.amountOf(controls_.combo.Text(), formulaId));
-  } else if (!showsRow_) {
+  } else if (row_) {
+    keepRowAmount();
+  } else {
     controls_.txtAmount.Text = "";
   }
+}
+
+// What the clerk typed stays; what a formula computed goes with its component.
+void ComponentChoice::keepRowAmount() {
+  if (!controls_.txtAmount.Enabled()) controls_.txtAmount.Text = row_->amount;
 }
 
 void ComponentChoice::fillIn(std::int32_t componentId) {
@@ -44,8 +51,7 @@ void ComponentChoice::fillIn(std::int32_t componentId) {
 }
 
 void ComponentChoice::showRow(const Row& row) {
-  showsRow_ = true;
-  rowComponentId_ = row.componentId;
+  row_ = row;
   controls_.txtAmount.Text = row.amount;
   controls_.combo.setListIndex(-1);  // So that choosing is a choice even when the last row had the same type.
   if (row.componentId) helpers_.objCommonGen->selectcomboitembyvalue(controls_.combo, *row.componentId);

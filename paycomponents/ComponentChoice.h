@@ -53,13 +53,13 @@ class ComponentChoice {
  private:
   void fillIn(std::int32_t componentId);
   void price(std::int32_t componentId);
+  void keepRowAmount();
 
   PayLookups lookups_;
   const Formulas& formulas_;
   const FormHelpers& helpers_;
   Controls controls_;
-  bool showsRow_ = false;
-  std::optional<std::int32_t> rowComponentId_;
+  std::optional<Row> row_;  ///< As shown first; empty while one is added.
 };
 
 }  // namespace payslate
