@@ -66,7 +66,7 @@ void FrmMaster::cancelEntry(int row) {
 }
 
 void FrmMaster::settleAfterDelete() {
-  if (showsNoEntry()) {
+  if (flexMaster.TextMatrix(1, BrowseColumn::EntryNo).empty()) {
     CmdEdit.Enabled = false;
     CmdDelete.Enabled = false;
   } else {

@@ -39,7 +39,8 @@ class FrmMaster : public ui::Form, private EntryList {
 
   std::string strRights;  ///< The user's right letters; empty until loaded.
 
-  /// Fills the grid from a statement over `table`, the physical name of what is listed.
+  /// Fills the grid from a statement over `table`, the physical name of what is listed, which is said for
+  /// other grids' sake: this one does not need it.
   void GridPopulate(const std::string& statement, const std::string& table);
   /// Does the user hold this right? The letter is trimmed and made upper case in place.
   bool fnUserRights(std::string& letter);

@@ -26,6 +26,7 @@ std::string headerStatement(const Session& session, const std::string& entryId) 
          " where emhCompanyID=" + session.companyText() + " and emhID=" + entryId;
 }
 
+// Whole days alone: half days that count when the month is entered do not count here.
 // The three day counts differ in their head, in blanks, and in the attendance types that they count.
 struct DayCount {
   const char* head;
@@ -162,6 +163,11 @@ void StoredEntry::fnLoadAttendanceCounts(frmpayslate& form, std::int32_t employe
   form.txtworkingdays.Text = basic::numberText(days - Val(form.txtNoLeave.Text()));
 }
 
+std::string StoredEntry::currencySymbol(const char* field, const std::string& condition) {
+  database_.strTableName(bas_.TableLinks["pCurrencyMaster"]);
+  return basic::textOf(database_.fnreturnfield(field, condition));
+}
+
 void StoredEntry::loadDeductions(ui::ListView& lvwDeduct) {
   ado::Recordset rows;
   rows.Open(deductionStatement(bas_, entryId_), *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
@@ -170,12 +176,11 @@ void StoredEntry::loadDeductions(ui::ListView& lvwDeduct) {
     std::string transaction;
     if (basic::Trim(type) == DeductKind::Loan) transaction = rows.Fields("eddLoanIssueID").Text();
     if (basic::Trim(type) == DeductKind::Savings) transaction = rows.Fields("eddOpenSavingsID").Text();
-    std::string symbol;
-    if (const std::string currency = rows.Fields("curid").Text(); !currency.empty()) {
-      database_.strTableName(bas_.TableLinks["pCurrencyMaster"]);
-      symbol = basic::textOf(database_.fnreturnfield(
-          "Symbol", " CompanyID=" + bas_.companyText() + " and CurrencyID=" + currency));
-    }
+    const std::string currency = rows.Fields("curid").Text();
+    const std::string symbol =
+        currency.empty()
+            ? std::string()
+            : currencySymbol("Symbol", " CompanyID=" + bas_.companyText() + " and CurrencyID=" + currency);
     lvwDeduct.addRow({nextSerialNumber(lvwDeduct), rows.Fields("description").Text(),
                       amountOf(rows.Fields("eddamount")), rows.Fields("typeid").Text(), type, symbol,
                       transaction});
@@ -186,7 +191,7 @@ std::string StoredEntry::allowanceSymbol(const std::string& allowanceId) {
   database_.strTableName(bas_.TableLinks["pAllowances"] + " a," + bas_.TableLinks["pCurrencyMaster"] +
                          " c where a.aCompanyID=c.CompanyID and a.acurrencyid=c.CurrencyID and "
                          " a.aAllowanceID=" +
-                         allowanceId);
+                         allowanceId + " and a.aCompanyID=" + bas_.companyText());
   return basic::textOf(database_.fnreturnfield("Symbol"));
 }
 
@@ -206,10 +211,11 @@ void StoredEntry::fnLoadEntryFacilities(ui::ListView& lvwfacility, std::int32_t 
   rows.Open(facilityStatement(bas_, entryId_, employeeId), *bas_.adocon(), CursorType::Keyset,
             LockType::Optimistic);
   for (; !rows.Eof(); rows.MoveNext()) {
-    database_.strTableName(bas_.TableLinks["pCurrencyMaster"]);
+    const std::string currency = rows.Fields("fmcurrencyid").Text();
     const std::string symbol =
-        basic::textOf(database_.fnreturnfield("symbol", "CurrencyID=" + rows.Fields("fmcurrencyid").Text() +
-                                                            " and companyid=" + bas_.companyText()));
+        currency.empty()
+            ? std::string()
+            : currencySymbol("symbol", "CurrencyID=" + currency + " and companyid=" + bas_.companyText());
     const std::string deducted = rows.Fields("DedcutedAmt").Text();
     lvwfacility.addRow({nextSerialNumber(lvwfacility), rows.Fields("fthTrackingID").Text(),
                         rows.Fields("fthTrackingno").Text(), rows.Fields("fmFacilityName").Text(),

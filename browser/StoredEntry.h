@@ -41,6 +41,7 @@ class StoredEntry {
 
  private:
   void dateAndNumber(frmpayslate& form) const;
+  [[nodiscard]] std::string currencySymbol(const char* field, const std::string& condition);
   [[nodiscard]] std::string allowanceSymbol(const std::string& allowanceId);
 
   BasPaySlate& bas_;

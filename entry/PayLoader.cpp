@@ -114,8 +114,8 @@ void PayLoader::fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDat
   fnGetCarryForwardBalance(bas_, employeeId, entryDate, balance);
   if (balance <= 0) return;
   const std::string text = basic::numberText(balance);
-  controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), balanceDescription,
-                             text, text, AllowKind::CarriedForward, state_.strCurSymbol});
+  controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), balanceDescription, text, text,
+                             AllowKind::CarriedForward, state_.strCurSymbol});
 }
 
 void PayLoader::addDeduction(std::string description, std::string amount, std::string id, const char* type,

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "paycomponents/ListColumns.h"
+#include "platform/ado/Error.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate {
@@ -22,6 +23,13 @@ std::string employeesWithoutEntry(const Session& session) {
          " where month(emhDate)=" + std::to_string(session.ProcessDate.month()) +
          " and year(emhDate)=" + std::to_string(session.ProcessDate.year()) +
          " and emhCompanyID=" + session.companyText() + " and emhCancelled = 0)";
+}
+
+// A date as the list shows it, without the time of day that may follow. Dates may hold blanks themselves.
+std::string withoutTime(const std::string& shown) {
+  const std::size_t blank = shown.rfind(' ');
+  return blank != std::string::npos && shown.find(':', blank) != std::string::npos ? shown.substr(0, blank)
+                                                                                   : shown;
 }
 
 }  // namespace
@@ -60,6 +68,9 @@ void frmpayslate::wireEvents() {
 
   dtpattdate.Change = [this] {
     bas_.ProcessDate = dtpattdate.Value();
+    // A stored month that was met by choosing an employee is not the list's entry: the other date starts
+    // afresh.
+    if (!opensStored_) bas_.strMode = EntryMode::New;
     Form_Load();
   };
   cboEmpname.Click = [this] { cboEmpname_Click(); };
@@ -106,14 +117,16 @@ void frmpayslate::Form_Load() {
   helpers_.create(bas_);
   desktop().HelpFile = bas_.helpFile();
   bas_.strComboTable = bas_.TableLinks["pemployee"];
+  const bool reloaded = !Tag().empty();
+  if (!reloaded) opensStored_ = !bas_.isNewEntry();
   fillEmployees();
   attendance_.computePeriod(*helpers_.objCommonDB);
   Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
             bas_.shortDate(bas_.dtPeriodEnd);
   tabpayslate.Tab = 0;
-  const bool reloaded = !Tag().empty();
   Tag = "Loaded";
-  // A stored entry is still there when another date was picked, and what the clerk changed in it still counts.
+  // A stored entry is still there when another date was picked, and what the clerk changed in it still
+  // counts.
   if (bas_.isNewEntry() || !reloaded) BasPaySlate::StoreControlValues(*this);
 }
 
@@ -131,8 +144,11 @@ void frmpayslate::fillEmployees() {
 void frmpayslate::takeEntryFromList() {
   if (bas_.entryList == nullptr) return;
   state_.lngEntryID = basic::CLng(basic::Val(bas_.entryList->currentEntryIdText()));
-  const std::string shown = bas_.entryList->currentEntryDateText();  // A time of day may follow the date.
-  dtpattdate.Value = basic::parseDate(shown.substr(0, shown.find(' ')), desktop().shortDatePattern());
+  const std::string shown = withoutTime(bas_.entryList->currentEntryDateText());
+  if (shown.empty())
+    throw ado::Error("The entry has no date (emhDate): it has to be given one in the database first.",
+                     "22002");
+  dtpattdate.Value = basic::parseDate(shown, desktop().shortDatePattern());
 }
 
 void frmpayslate::Form_KeyDown(int& keyCode) {
@@ -180,6 +196,7 @@ void frmpayslate::cmdLast_Click() {
   if (cboEmpname.ListIndex() >= 0) selectEmployee(cboEmpname.ListCount() - 1, false);
 }
 
+// The save unloads the form itself, which is refused here, since the form is being unloaded already.
 void frmpayslate::Form_QueryUnload(bool& cancel) {
   if (!cmdOk.Enabled() || !BasPaySlate::fnControlsChanged(*this)) return;
   if (bas_.message("Save Changes?", ui::MessageStyle::AskInformation) != ui::Answer::Yes) return;

@@ -131,6 +131,7 @@ class frmpayslate : public ui::Form {
   FormHelpers helpers_;
   EntryState state_;
   bool blnSaveValid_ = false;
+  bool opensStored_ = false;  ///< The list's current entry was opened.
   std::string noSaveReason_;  ///< Empty when the form holds the selected employee's month.
 
   Formulas formulas_;

@@ -54,8 +54,11 @@ EntryRecord frmpayslate::record() const {
   return entry;
 }
 
+// Rolled back, and its locks given up, before anybody hears of an error.
 void frmpayslate::save() {
   const EntryRecord entry = record();
+  Transaction transaction(*bas_.adocon());
+  transaction.begin();
   EntryWriter writer(bas_, *helpers_.objCommonDB, entry);
   state_.lngEntryID = writer.fnSaveHeader();
   const double browseEntryId = basic::Val(entry.browseEntryId);
@@ -63,16 +66,14 @@ void frmpayslate::save() {
   writer.fnSaveAllowanceDetails();
   writer.fnSaveDeductionDetails();
   fnSaveFacilityDetails(bas_, state_.lngEntryID, entry.browseEntryId, facilities_.taken());
+  transaction.commit();
 }
 
 void frmpayslate::cmdOk_Click() {
-  Transaction transaction(*bas_.adocon());
   bool stored = false;
   try {
     if (!fnValidateEntry()) return;
-    transaction.begin();
     save();
-    transaction.commit();
     stored = true;
     if (bas_.entryList != nullptr)
       bas_.entryList->RefreshBrowseRow("emhID = " + std::to_string(state_.lngEntryID), state_.lngEntryID);
@@ -80,7 +81,6 @@ void frmpayslate::cmdOk_Click() {
     Unload();
   } catch (const std::exception& error) {
     bas_.message(error.what());
-    transaction.rollback();
     // What is stored must not be stored a second time, even when the list could not show it.
     if (stored) cmdOk.Enabled = false;
   }

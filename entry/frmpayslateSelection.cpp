@@ -67,7 +67,8 @@ void frmpayslate::cboEmpname_Click() {
   header.Open(headerStatement, *bas_.adocon(), ado::CursorType::Keyset, ado::LockType::Optimistic);
   if (header.Eof()) {
     header.Close();
-    loadNewMonth(employeeId);
+    // From an opened entry the clerk has come to somebody without one, whose month is checked like any other.
+    if (bas_.isNewEntry() || prepareNewMonth(employeeId)) loadNewMonth(employeeId);
   } else {
     showStoredMonth(employeeId, header);
   }
