@@ -73,12 +73,23 @@ void ComboBox::typeText(std::string text) {
   listIndex_ = -1;
   tell(Aspect::ListIndex);
   Change.raise();
-  const auto same = [this](const Item& item) { return item.text == text_; };
-  const auto found = std::find_if(items_.begin(), items_.end(), same);
-  if (found == items_.end() || listIndex_ >= 0) return;
-  listIndex_ = static_cast<int>(found - items_.begin());
+  const int found = typedItem();
+  if (found < 0 || listIndex_ >= 0) return;
+  listIndex_ = found;
+  text_ = List(found);
   tell(Aspect::ListIndex);
   Click.raise();
+}
+
+int ComboBox::typedItem() const {
+  const auto positionOf = [this](const auto& same) {
+    const auto found = std::find_if(items_.begin(), items_.end(), same);
+    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+  };
+  const int exact = positionOf([this](const Item& item) { return item.text == text_; });
+  if (exact >= 0) return exact;
+  const std::string typed = basic::lower(text_);
+  return positionOf([&typed](const Item& item) { return basic::lower(item.text) == typed; });
 }
 
 void ComboBox::Select(int start, int count) {

@@ -49,8 +49,9 @@ class ComboBox : public Control {
   [[nodiscard]] std::optional<std::string> propertyText(std::string_view property) const override;
   bool keyAction(const Key& key) override;
 
-  /// The user's typing: the text becomes this, nothing is selected, Change; then the item with exactly this
-  /// text, if there is one, is selected, which raises Click.
+  /// The user's typing: the text becomes this, nothing is selected, Change; then the item with this text, if
+  /// there is one, is selected and shown as it is written, which raises Click. An item that differs in the
+  /// case of letters alone is taken when none is exactly this.
   void typeText(std::string text);
 
   /// Selection inside the text, counted in characters; as in a text box.
@@ -61,6 +62,7 @@ class ComboBox : public Control {
  private:
   [[nodiscard]] const Item& item(int index) const;
   void requireItem(int index, int lowest) const;
+  [[nodiscard]] int typedItem() const;  // -1 for none
   bool editKey(const Key& key);
   void selectByInitial(char32_t character);
 

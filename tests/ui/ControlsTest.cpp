@@ -35,6 +35,29 @@ TEST_F(ControlsTest, ACombosSelectionAndItsTypingAreToldApart) {
   EXPECT_EQ(form.combo.Text(), "Asha");
 }
 
+TEST_F(ControlsTest, ATypedNameFindsItsItemInAnyCase) {
+  form.combo.setItems({{"Ångström", 1}, {"anna", 2}, {"Anna", 3}, {"Annabel", 4}});
+  struct Case {
+    const char* typed;
+    int index;
+    const char* shown;
+  };
+  for (const Case& c : {Case{"åNGSTRÖM", 0, "Ångström"}, Case{"anna", 1, "anna"}, Case{"Anna", 2, "Anna"},
+                        Case{"ANNA", 1, "anna"}, Case{"annab", -1, "annab"}, Case{"", -1, ""}}) {
+    form.combo.typeText(c.typed);
+    EXPECT_EQ(form.combo.ListIndex(), c.index) << c.typed;
+    EXPECT_EQ(form.combo.Text(), c.shown) << c.typed;
+  }
+  // Typed on, the name that was met on the way is left behind.
+  form.combo.typeText("");
+  taken();
+  for (const char letter : std::string("aNNABEL"))
+    form.combo.keyAction(Key::typing(static_cast<char32_t>(letter)));
+  EXPECT_EQ(form.combo.Text(), "Annabel");
+  EXPECT_EQ(form.combo.SelStart(), 7);
+  EXPECT_EQ(form.combo.ItemData(form.combo.ListIndex()), 4);
+}
+
 TEST_F(ControlsTest, OptionsExcludeEachOtherAndOnlyTheChosenOneClicks) {
   form.one.Value = true;
   form.two.Value = true;
