@@ -57,8 +57,7 @@ ComboView::ComboView(FormWindow& window, ui::ComboBox& combo, const ui::Layout& 
   box_->setModel(items_);
   box_->setMaxVisibleItems(visibleItems);
   box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box_->setMinimumContentsLength(node.characters > 0 ? node.characters : usualWidth);
-  box_->setSizePolicy(node.grow > 0 ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setBoxWidth(*box_, node, usualWidth);
   box_->setInsertPolicy(QComboBox::NoInsert);
   box_->setFocusPolicy(Qt::TabFocus);
   if (combo.Style == ui::ComboStyle::DropDown) {

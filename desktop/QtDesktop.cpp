@@ -114,6 +114,11 @@ void QtDesktop::picture(QWidget& window, const QString& name) {
   if (pictures_ != nullptr) pictures_->take(window, name);
 }
 
+// Before something opens over it: what led there.
+void QtDesktop::pictureInFront() {
+  if (!windows_.empty()) picture(*windows_.back(), windows_.back()->objectName());
+}
+
 bool QtDesktop::grab(const ui::Form& form, const std::string& file) {
   FormWindow* shown = window(form);
   return shown != nullptr && shown->grab().save(toQt(file));
@@ -128,6 +133,7 @@ void QtDesktop::waitForUser(FormWindow& window) {
 
 void QtDesktop::showModal(ui::Form& form) {
   if (failure_) return form.abandon();
+  pictureInFront();
   {
     QWidget* behind = windows_.empty() ? QApplication::activeWindow() : windows_.back();
     FormWindow window(form, behind);
@@ -152,6 +158,7 @@ void QtDesktop::showModal(ui::Form& form) {
 
 ui::Answer QtDesktop::showMessage(const ui::Message& message) {
   if (failure_) return message.asksYesNo() ? ui::Answer::No : ui::Answer::Ok;
+  pictureInFront();
   QMessageBox box(windows_.empty() ? QApplication::activeWindow() : windows_.back());
   box.setAttribute(Qt::WA_QuitOnClose, false);
   box.setObjectName(QStringLiteral("message"));
@@ -194,6 +201,7 @@ ui::MenuItem* QtDesktop::showMenu(ui::Form& form, const ui::PopupMenu& model) {
     action->setData(QVariant::fromValue(static_cast<void*>(item)));
   }
   if (menu.isEmpty()) return nullptr;
+  pictureInFront();
   const QPoint at = shown->menuPoint();
   if (clerk_ != nullptr) {
     menu.popup(at);

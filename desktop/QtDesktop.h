@@ -47,8 +47,8 @@ class QtDesktop : public ui::Desktop {
   /// The clerk answers from now on; null gives the windows back to the user. It must outlive its work.
   void setClerk(ui::Clerk* clerk) { clerk_ = clerk; }
 
-  /// From now on every window is pictured when it is shown and before it closes, as NN-Name.png in this
-  /// folder.
+  /// From now on every window is pictured when it is shown, before another opens over it, and before it
+  /// closes, as NN-Name.png in this folder.
   void saveScreens(const std::string& folder);
   /// Pictures the form's window now. False when it is not shown or the file cannot be written.
   bool grab(const ui::Form& form, const std::string& file);
@@ -65,6 +65,7 @@ class QtDesktop : public ui::Desktop {
   void askClerk(const std::function<void()>& question);
   void waitUntilShown(const QWidget& window);
   void picture(QWidget& window, const QString& name);
+  void pictureInFront();
   void pressButton(QMessageBox& box, ui::Answer answer);
   ui::MenuItem* pickByClerk(QMenu& menu, ui::Form& form, const ui::PopupMenu& model);
 

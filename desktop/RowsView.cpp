@@ -21,7 +21,8 @@ constexpr int rowsShown = 10;
 constexpr int fewestRowsShown = 3;
 constexpr int widestTable = 110;    // characters that a table asks for; it may become wider
 constexpr int narrowestTable = 30;  // characters
-constexpr int narrowestText = 16;   // characters
+constexpr int narrowestText = 16;   // characters of the widest column
+constexpr int narrowestCell = 12;   // characters of another one
 constexpr int rowPadding = 6;
 constexpr int headerPadding = 3;  // characters beside a caption
 
@@ -71,13 +72,19 @@ RowsTable::RowsTable(const ui::RowControl& rows, QWidget* parent)
   layColumns();
 }
 
+int RowsTable::captionWidthOf(int column) const {
+  const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  return horizontalHeader()->fontMetrics().horizontalAdvance(caption) + widthOf(*this, headerPadding);
+}
+
 int RowsTable::columnWidthOf(int column) const {
   const ui::ColumnLayout& layout = control_.columns()[static_cast<std::size_t>(column)];
   if (layout.width <= 0) return 0;
-  const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-  const int captionWidth =
-      horizontalHeader()->fontMetrics().horizontalAdvance(caption) + widthOf(*this, headerPadding);
-  return std::max(layout.width * logicalDpiX() / twipsPerInch, captionWidth);
+  return std::max(layout.width * logicalDpiX() / twipsPerInch, captionWidthOf(column));
+}
+
+int RowsTable::leastWidthOf(int column) const {
+  return std::min(columnWidthOf(column), std::max(captionWidthOf(column), widthOf(*this, narrowestCell)));
 }
 
 void RowsTable::layColumns() {
@@ -90,21 +97,28 @@ void RowsTable::layColumns() {
   updateGeometry();
 }
 
-// The widest column of text takes the room that is left, and gives what the others lack.
+// The widest column of text takes the room that is left. Where room lacks, the others first give what they do
+// not need for their captions and usual amounts.
 void RowsTable::fillRoom() {
   int widest = -1;
-  int used = 0;
+  int lacking = -viewport()->width();
   for (int column = 0; column < model_->columnCount(); ++column) {
     const int width = columnWidthOf(column);
-    used += width;
+    lacking += width;
     const bool isText =
         control_.columns()[static_cast<std::size_t>(column)].alignment == ui::Alignment::Left && width > 0;
     if (isText && (widest < 0 || width > columnWidthOf(widest))) widest = column;
   }
   if (widest < 0) return;
+  for (int column = model_->columnCount() - 1; column >= 0; --column) {
+    const int width = columnWidthOf(column);
+    if (column == widest || width == 0) continue;
+    const int given = std::clamp(lacking, 0, width - leastWidthOf(column));
+    setColumnWidth(column, width - given);
+    lacking -= given;
+  }
   const int usual = columnWidthOf(widest);
-  const int least = std::min(usual, widthOf(*this, narrowestText));
-  setColumnWidth(widest, std::max(least, usual + viewport()->width() - used));
+  setColumnWidth(widest, std::max(std::min(usual, widthOf(*this, narrowestText)), usual - lacking));
 }
 
 void RowsTable::resizeEvent(QResizeEvent* event) {

@@ -24,7 +24,9 @@ class RowsTable : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  [[nodiscard]] int captionWidthOf(int column) const;
   [[nodiscard]] int columnWidthOf(int column) const;
+  [[nodiscard]] int leastWidthOf(int column) const;
   [[nodiscard]] int heightOf(int rows) const;
   void fillRoom();
 

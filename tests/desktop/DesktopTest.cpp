@@ -337,8 +337,9 @@ TEST_F(Desktop, PicturesItsWindowsInTheOrderOfTheirShowing) {
     form.lblAmount.Caption = "Other:";
     hands.click(form.cmdOk);
   });
-  EXPECT_EQ(QDir(folder.path() + "/new").entryList(QDir::Files),
-            (QStringList{"01-frmToy.png", "02-frmPopup.png", "03-message.png", "04-frmToy.png"}));
+  EXPECT_EQ(
+      QDir(folder.path() + "/new").entryList(QDir::Files),
+      (QStringList{"01-frmToy.png", "02-frmToy.png", "03-frmPopup.png", "04-frmToy.png", "05-message.png"}));
 }
 
 TEST(DatePattern, FollowsTheRegionWithAFourDigitYear) {
