@@ -79,9 +79,12 @@ bool frmDeductPopup::adding() const {
   return page_.strDeductionFlag == PopupMode::Adding;
 }
 
+// One goes before the other comes, or the window makes room for both.
 void frmDeductPopup::showAsText(bool asText) {
-  txtDeductionType.Visible = asText;
-  cboDeduct.Visible = !asText;
+  ui::Control& gone = asText ? static_cast<ui::Control&>(cboDeduct) : txtDeductionType;
+  ui::Control& shown = asText ? static_cast<ui::Control&>(txtDeductionType) : cboDeduct;
+  gone.Visible = false;
+  shown.Visible = true;
 }
 
 void frmDeductPopup::optDeduction_Click() {
