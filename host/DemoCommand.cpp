@@ -1,6 +1,7 @@
 // payroll-host demo: the demo company in a window, or a clerk's walk through it where nobody watches.
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <ostream>
 
 #include "host/Commands.h"
@@ -20,6 +21,7 @@ using basic::Date;
 
 constexpr const char* usualScreens = "payroll-demo-screens";
 constexpr const char* employeePlaceholder = "{employee}";
+constexpr std::int64_t employeeWithEverything = 101;  // the demo company's rows of every kind are hers
 
 struct DemoMonth {
   Date first = Date::fromCalendar(2026, 4, 1);
@@ -59,28 +61,35 @@ std::map<std::int64_t, bool> wholeMonthSheets(ado::Connection& connection) {
   return whole;
 }
 
-/// The first employee of the demo month who still has no entry; empty when all have one.
-std::string nextEmployee(ado::Connection& connection) {
+struct Employee {
+  std::int64_t id = 0;
+  std::string name;
+};
+
+/// The first employee of the demo month who still has no entry. Who is paid in another currency than most may
+/// owe more than the pay in one of them, which cannot be saved.
+std::optional<Employee> nextEmployee(ado::Connection& connection) {
   const auto whole = wholeMonthSheets(connection);
   ado::Recordset employees = connection.Execute(
-      "select eEmpID, eName from pemployee where eCompanyID = 1 and eActive = 1 and eDateofJoin <= "
-      "'2026/04/01'"
-      " and eEmpID not in (select emhempID from pempmonthlyentryheader where month(emhDate) = 4"
+      "select eEmpID, eName from pemployee where eCompanyID = 1 and eActive = 1 and eCurrencyID = 1"
+      " and eDateofJoin <= '2026/04/01' and eEmpID not in (select emhempID from pempmonthlyentryheader where month(emhDate) = 4"
       " and year(emhDate) = 2026 and emhCompanyID = 1 and emhCancelled = 0) order by eEmpID");
   for (; !employees.Eof(); employees.MoveNext()) {
-    const auto sheet = whole.find(std::get<std::int64_t>(employees.Fields("eEmpID").Value()));
-    if (sheet != whole.end() && sheet->second) return employees.Fields("eName").Text();
+    const auto id = std::get<std::int64_t>(employees.Fields("eEmpID").Value());
+    const auto sheet = whole.find(id);
+    if (sheet != whole.end() && sheet->second) return Employee{id, employees.Fields("eName").Text()};
   }
   return {};
 }
 
-scripted::Errand walkFor(const std::string& employee) {
-  std::string text(demoErrand());
+scripted::Errand walkFor(const Employee& employee) {
+  const bool everything = employee.id == employeeWithEverything;
+  std::string text(everything ? demoErrand() : demoNextErrand());
   const std::string place = employeePlaceholder;
   for (std::size_t at = text.find(place); at != std::string::npos;
-       at = text.find(place, at + employee.size()))
-    text.replace(at, place.size(), employee);
-  return scripted::Errand::parse(text, "demo.errand");
+       at = text.find(place, at + employee.name.size()))
+    text.replace(at, place.size(), employee.name);
+  return scripted::Errand::parse(text, everything ? "demo.errand" : "demo-next.errand");
 }
 
 void printLatestEntry(ado::Connection& connection, std::ostream& out) {
@@ -103,15 +112,25 @@ void printLatestEntry(ado::Connection& connection, std::ostream& out) {
             "select eddDetailID, eddType, edddeductionid, eddloanid, eddsavingsid, eddamount"
             " from pemployeeDeductiondetail where eddcompanyid = 1 and eddid = " +
                 id + " order by eddDetailID");
+  printRows(
+      out, "Facility recoveries", connection,
+      "select efddetailid, efdtrackingid, fthTrackingNo, fmFacilityName, efddedamount, efdfacilityamt"
+      " from pempfacilitydeductiondetail, pFacilityTrackingHeader, pFacilityMaster"
+      " where efdcompanyid = fthCompanyID and efdtrackingid = fthTrackingID and fthCompanyID = fmCompanyID"
+      " and fthFacilityID = fmFacilityID and efdcompanyid = 1 and efdid = " +
+          id + " order by efddetailid");
+  printRows(out, "Salary carried forward", connection,
+            "select ecdDetailID, ecdAmount, ecdMode from pEmployeeCurrentDetails"
+            " where ecdCompanyID = 1 and ecdPaySlateID = " +
+                id + " order by ecdDetailID");
 }
 
 ExitCode walk(const SharedConnection& connection, Screen& screen, std::ostream& out) {
-  const std::string employee = nextEmployee(*connection);
-  if (employee.empty()) {
-    out << "Every employee of the month has an entry: there is nothing left to enter.\n";
+  if (const auto employee = nextEmployee(*connection)) {
+    out << "Nobody is in front of the screen: the clerk enters " << employee->name << ".\n";
+    if (!perform(walkFor(*employee), connection, screen, out)) return ExitCode::Failed;
   } else {
-    out << "Nobody is in front of the screen: the clerk enters " << employee << ".\n";
-    if (!perform(walkFor(employee), connection, screen, out)) return ExitCode::Failed;
+    out << "Every employee of the month has an entry: there is nothing left to enter.\n";
   }
   printLatestEntry(*connection, out);
   return ExitCode::Ok;

@@ -1,11 +1,15 @@
-// The clerk's walk of the demo; its text is demo.errand, carried inside the program.
+// The clerk's walks of the demo; their texts are errands, carried inside the program.
 #pragma once
 
 #include <string_view>
 
 namespace payslate::host {
 
-/// {employee} stands for the name of the employee to enter.
+/// demo.errand, everything that one month can hold. {employee} stands for the name of the employee to enter,
+/// who must be the one of the demo company with a row of every kind.
 std::string_view demoErrand();
+
+/// demo-next.errand, a plain new entry of any {employee}.
+std::string_view demoNextErrand();
 
 }  // namespace payslate::host

@@ -158,9 +158,9 @@ struct Carried {
   int mode;  // 1 withheld, -1 paid out
 };
 
-/// 105 is owed 1500, 106 600, 107 nothing any more; 103's entry was cancelled.
-constexpr Carried carried[] = {{103, 3, 700, 1},  {105, 3, 1500, 1}, {106, 2, 1000, 1},
-                               {106, 3, 400, -1}, {107, 1, 300, 1},  {107, 2, 300, -1}};
+/// 101 is owed 500, 105 1500, 106 600, 107 nothing any more; 103's entry was cancelled.
+constexpr Carried carried[] = {{101, 3, 500, 1},  {103, 3, 700, 1}, {105, 3, 1500, 1}, {106, 2, 1000, 1},
+                               {106, 3, 400, -1}, {107, 1, 300, 1}, {107, 2, 300, -1}};
 
 class EntryWriter {
  public:

@@ -179,7 +179,8 @@ TEST_F(CommandLine, TheUnwatchedDemoEntersOneMoreEmployeeEachTime) {
   const Outcome first = call(words);
   ASSERT_EQ(first.code, 0) << first.out << first.err;
   const int entries = std::stoi(valueOf("demo.db", count));
-  for (const std::string shown : {"choose cboEmpname", "Header\n", "Allowances\n", "Deductions\n", "emhNo"})
+  for (const std::string shown :
+       {"choose cboEmpname", "Header\n", "Allowances\n", "Deductions\n", "emhNo", "FT-2", "ecdMode"})
     EXPECT_NE(first.out.find(shown), std::string::npos) << first.out;
   const Outcome second = call(words);
   ASSERT_EQ(second.code, 0) << second.out << second.err;

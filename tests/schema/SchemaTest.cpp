@@ -173,7 +173,7 @@ TEST_F(DemoTest, HasSomebodyForEveryRule) {
 
 TEST_F(DemoTest, CarriesSalaryForward) {
   for (const auto& [employee, balance] :
-       {std::pair{101, "0"}, {103, "0"}, {105, "1500"}, {106, "600"}, {107, "0"}})
+       {std::pair{101, "500"}, {103, "0"}, {105, "1500"}, {106, "600"}, {107, "0"}})
     EXPECT_EQ(
         value(
             "Select coalesce(sum(b.ecdAmount*b.ecdmode),0) from pEmpMonthlyEntryHeader a, "
