@@ -155,6 +155,8 @@ bool FormWindow::focusCame(View* view) {
 
 bool FormWindow::keyPressed(View* view, const QKeyEvent& event) {
   if (!isInFront()) return true;
+  // Who works with keys sees the focus on buttons and tabs as well.
+  setAttribute(Qt::WA_KeyboardFocusChange);
   const bool mine = view != nullptr && hasFocus(view->control());
   const KeyOwner owner = mine ? view->keyOwner(event) : KeyOwner::Form;
   if (owner == KeyOwner::Qt) return false;
