@@ -83,6 +83,7 @@ void ComboView::refresh() {
 
 void ComboView::show() {
   const QSignalBlocker quiet(box_);
+  const QSignalBlocker quietLine(box_->lineEdit());  // Its caret moves before the form's is shown.
   if (box_->currentIndex() != combo_.ListIndex()) box_->setCurrentIndex(combo_.ListIndex());
   if (editing_ != nullptr) editing_->show();
 }

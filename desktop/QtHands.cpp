@@ -110,7 +110,10 @@ void QtHands::choose(ui::ComboBox& combo, int index) {
     const QModelIndex item = list->model()->index(index, 0);
     list->scrollTo(item);
     desktop_.settle();
-    clickAt(*list->viewport(), list->visualRect(item).center());
+    // At its start: a name may be wider than the list, and Qt ignores a click where a press has just opened
+    // it.
+    const QRect line = list->visualRect(item);
+    clickAt(*list->viewport(), {line.left() + line.height() / 2, line.center().y()});
   }
   done();
 }

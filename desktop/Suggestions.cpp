@@ -2,6 +2,7 @@
 #include "desktop/Suggestions.h"
 
 #include <QScreen>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "desktop/Texts.h"
@@ -18,7 +19,7 @@ Suggestions::Suggestions(const ui::ComboBox& combo, QWidget& below, std::functio
   setAttribute(Qt::WA_ShowWithoutActivating);
   setFocusPolicy(Qt::NoFocus);
   setEditTriggers(NoEditTriggers);
-  setUniformItemSizes(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setModel(&texts_);
   hide();
   connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { pickRow(index.row()); });
@@ -42,10 +43,12 @@ void Suggestions::offer(const QString& typed) {
   setCurrentIndex({});
   const int rows = std::min(mostRowsShown, static_cast<int>(indexes_.size()));
   const int height = rows * sizeHintForRow(0) + 2 * frameWidth();
+  const QRect screen = below_.screen()->availableGeometry();
   QPoint corner = below_.mapToGlobal(QPoint(0, below_.height()));
-  if (corner.y() + height > below_.screen()->availableGeometry().bottom())
-    corner = below_.mapToGlobal(QPoint(0, -height));
-  setGeometry(QRect(corner, QSize(below_.width(), height)));
+  if (corner.y() + height > screen.bottom()) corner = below_.mapToGlobal(QPoint(0, -height));
+  const int scrollBar = verticalScrollBar()->sizeHint().width();
+  const int wanted = std::max(below_.width(), sizeHintForColumn(0) + scrollBar + 2 * frameWidth());
+  setGeometry(QRect(corner, QSize(std::min(wanted, screen.right() - corner.x()), height)));
   show();
   raise();
 }
