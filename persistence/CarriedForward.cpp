@@ -32,8 +32,8 @@ void fnGetCarryForwardBalance(Session& session, std::int32_t employeeId, basic::
   ado::Recordset sum;
   sum.Open(
       "Select coalesce(sum(b.ecdAmount*b.ecdmode),0) from pEmpMonthlyEntryHeader a,"
-      " pEmployeeCurrentDetails b Where a.emhCompanyID = b.ecdCompanyID and a.emhId = b.ecdPaySlateID"
-      " and a.emhCancelled=0 and a.emhEmpID=" +
+      " pEmployeeCurrentDetails b Where a.emhCompanyID = b.ecdCompanyID and a.emhId = "
+      " b.ecdPaySlateID and a.emhCancelled=0 and a.emhEmpID=" +
           std::to_string(employeeId) + " and a.emhCompanyID=" + session.companyText() + " and a.emhdate < '" +
           basic::formatDate(before, "yyyymmdd") + "'",
       *session.adocon(), ado::CursorType::ForwardOnly, ado::LockType::ReadOnly);
