@@ -26,6 +26,14 @@ void NavigationButtons::enableAt(int index, int count) const {
   for (ui::CommandButton* forward : {&next, &last}) forward->Enabled = !atLast;
 }
 
+ui::Layout popupFoot(const NavigationButtons& buttons, ui::CommandButton& cmdOk,
+                     ui::CommandButton& cmdClose) {
+  using namespace ui::layout;
+  cmdClose.Cancel = true;
+  return row({item(buttons.first).later(), item(buttons.previous).later(), item(buttons.next).later(),
+              item(buttons.last).later(), space(), item(cmdOk), item(cmdClose)});
+}
+
 RowNavigation::RowNavigation(const NavigationButtons& buttons, ui::ListView& list, std::function<void()> show)
     : buttons_(buttons), list_(list), show_(std::move(show)) {
   buttons_.nameForReaders();

@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "platform/ui/Layout.h"
+
 namespace payslate {
 
 namespace ui {
@@ -22,6 +24,10 @@ struct NavigationButtons {
   /// Off where they would not move: a list of one counts as its beginning.
   void enableAt(int index, int count) const;
 };
+
+/// The last line of a popup: the buttons, OK and Close, which Escape presses. Tab and Enter come to OK before
+/// they come to a button that leaves the row.
+ui::Layout popupFoot(const NavigationButtons& buttons, ui::CommandButton& cmdOk, ui::CommandButton& cmdClose);
 
 /// The buttons over the selected row of a list. `show` is called after a move, with the row selected.
 class RowNavigation {

@@ -30,14 +30,12 @@ void frmFacilityPopup::arrange() {
   using namespace ui::layout;
   constexpr int nameCharacters = 36;
   constexpr int amountCharacters = 16;
-  cmdClose.Cancel = true;
   txtfacilityname.Locked = true;
   setFirstFocus(txtAmount);
   setLayout(column({
       fields({field(Label1, {item(txtfacilityname).wide(nameCharacters).growing()}),
               field(Label2, {item(txtAmount).wide(amountCharacters), item(lblsymbol), space()})}),
-      row({item(cmdFirst), item(cmdPrevious), item(cmdNext), item(cmdLast), space(), item(cmdOk),
-           item(cmdClose)}),
+      popupFoot(navigation_.buttons(), cmdOk, cmdClose),
   }));
 }
 

@@ -20,7 +20,6 @@ namespace {
 using basic::Date;
 
 constexpr const char* usualScreens = "payroll-demo-screens";
-constexpr const char* employeePlaceholder = "{employee}";
 constexpr std::int64_t employeeWithEverything = 101;  // the demo company's rows of every kind are hers
 
 struct DemoMonth {
@@ -82,27 +81,37 @@ std::optional<Employee> nextEmployee(ado::Connection& connection) {
   return {};
 }
 
-scripted::Errand walkFor(const Employee& employee) {
-  const bool everything = employee.id == employeeWithEverything;
-  std::string text(everything ? demoErrand() : demoNextErrand());
-  const std::string place = employeePlaceholder;
-  for (std::size_t at = text.find(place); at != std::string::npos;
-       at = text.find(place, at + employee.name.size()))
-    text.replace(at, place.size(), employee.name);
-  return scripted::Errand::parse(text, everything ? "demo.errand" : "demo-next.errand");
+std::string withValue(std::string text, const std::string& place, const std::string& value) {
+  for (std::size_t at = text.find(place); at != std::string::npos; at = text.find(place, at + value.size()))
+    text.replace(at, place.size(), value);
+  return text;
+}
+
+struct Walk {
+  const char* what;  ///< For the person who reads along.
+  const char* name;
+  std::string_view text;
+};
+
+/// A value of the entry made last; empty when there is none.
+std::string ofLatestEntry(ado::Connection& connection, const std::string& column) {
+  ado::Recordset latest =
+      connection.Execute("select " + column +
+                         " from pempmonthlyentryheader where emhCompanyID = 1 and emhID ="
+                         " (select max(emhID) from pempmonthlyentryheader where emhCompanyID = 1)");
+  return latest.Eof() ? std::string() : latest.Fields(0).Text();
 }
 
 void printLatestEntry(ado::Connection& connection, std::ostream& out) {
-  ado::Recordset latest =
-      connection.Execute("select max(emhID) latest from pempmonthlyentryheader where emhCompanyID = 1");
-  const std::string id = latest.Eof() ? std::string() : latest.Fields("latest").Text();
+  const std::string id = ofLatestEntry(connection, "emhID");
   if (id.empty()) return;
   out << "\nWhat the database holds of it:\n";
-  printRows(out, "Header", connection,
-            "select emhID, emhNo, emhDate, eName, emhbasicpay, emhpaidcash, emhstartdate, emhenddate,"
-            " emhOrginalBasic from pempmonthlyentryheader, pemployee where emhCompanyID = eCompanyid"
-            " and emhempID = eEmpID and emhCompanyID = 1 and emhID = " +
-                id);
+  printRows(
+      out, "Header", connection,
+      "select emhID, emhNo, emhDate, eName, emhbasicpay, emhpaidcash, emhstartdate, emhenddate,"
+      " emhOrginalBasic, emhCancelled, emhCancelledRemarks from pempmonthlyentryheader, pemployee where emhCompanyID = eCompanyid"
+      " and emhempID = eEmpID and emhCompanyID = 1 and emhID = " +
+          id);
   printRows(out, "Allowances", connection,
             "select eadallowanceid, aDescription, eadamount, eaddefault from pemployeeallowancedetail,"
             " pAllowances where eadcompanyid = aCompanyID and eadallowanceid = aAllowanceID"
@@ -125,14 +134,32 @@ void printLatestEntry(ado::Connection& connection, std::ostream& out) {
                 id + " order by ecdDetailID");
 }
 
-ExitCode walk(const SharedConnection& connection, Screen& screen, std::ostream& out) {
-  if (const auto employee = nextEmployee(*connection)) {
-    out << "Nobody is in front of the screen: the clerk enters " << employee->name << ".\n";
-    if (!perform(walkFor(*employee), connection, screen, out)) return ExitCode::Failed;
-  } else {
-    out << "Every employee of the month has an entry: there is nothing left to enter.\n";
-  }
+bool perform(const Walk& walk, const Employee& employee, const SharedConnection& connection, Screen& screen,
+             std::ostream& out) {
+  out << "\nNobody is in front of the screen: the clerk " << walk.what << ' ' << employee.name << ".\n";
+  std::string text = withValue(std::string(walk.text), "{employee}", employee.name);
+  text = withValue(text, "{number}", ofLatestEntry(*connection, "emhNo"));
+  if (!perform(scripted::Errand::parse(text, walk.name), connection, screen, out)) return false;
   printLatestEntry(*connection, out);
+  return true;
+}
+
+ExitCode walk(const SharedConnection& connection, Screen& screen, std::ostream& out) {
+  const auto employee = nextEmployee(*connection);
+  if (!employee) {
+    out << "Every employee of the month has an entry: there is nothing left to enter.\n";
+    printLatestEntry(*connection, out);
+    return ExitCode::Ok;
+  }
+  const bool everything = employee->id == employeeWithEverything;
+  const Walk walks[] = {
+      {"enters", everything ? "demo.errand" : "demo-next.errand",
+       everything ? demoErrand() : demoNextErrand()},
+      {"opens and changes the entry of", "demo-edit.errand", demoEditErrand()},
+      {"cancels the entry of", "demo-cancel.errand", demoCancelErrand()},
+  };
+  for (const Walk& one : walks)
+    if (!perform(one, *employee, connection, screen, out)) return ExitCode::Failed;
   return ExitCode::Ok;
 }
 

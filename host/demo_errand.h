@@ -12,4 +12,9 @@ std::string_view demoErrand();
 /// demo-next.errand, a plain new entry of any {employee}.
 std::string_view demoNextErrand();
 
+/// demo-edit.errand and demo-cancel.errand: the {employee}'s entry with the {number} is opened and rewritten,
+/// then cancelled.
+std::string_view demoEditErrand();
+std::string_view demoCancelErrand();
+
 }  // namespace payslate::host

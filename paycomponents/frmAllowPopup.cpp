@@ -32,14 +32,12 @@ void frmAllowPopup::arrange() {
   using namespace ui::layout;
   constexpr int nameCharacters = 36;
   constexpr int amountCharacters = 16;
-  cmdClose.Cancel = true;
   setFirstFocus(cboAllow);
   setLayout(column({
       fields({field(Label1, {item(cboAllow).wide(nameCharacters).growing()}),
               field(Label2, {item(txtAmount).wide(amountCharacters), item(lblsymbol), space()})}),
       row({item(lblformula), space()}),
-      row({item(cmdFirst), item(cmdPrevious), item(cmdNext), item(cmdLast), space(), item(cmdOk),
-           item(cmdClose)}),
+      popupFoot(navigation_.buttons(), cmdOk, cmdClose),
   }));
 }
 

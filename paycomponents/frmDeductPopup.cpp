@@ -46,7 +46,6 @@ void frmDeductPopup::arrange() {
   using namespace ui::layout;
   constexpr int nameCharacters = 36;
   constexpr int amountCharacters = 16;
-  cmdClose.Cancel = true;
   txtDeductionType.Locked = true;
   txtDeductionType.Visible = false;
   txtDeductionType.AccessibleName = "Deduction Type";
@@ -57,8 +56,7 @@ void frmDeductPopup::arrange() {
                              item(txtDeductionType).wide(nameCharacters).growing()}),
               field(Label2, {item(txtAmount).wide(amountCharacters), item(lblsymbol), space()})}),
       row({item(lblformula), space()}),
-      row({item(cmdFirst), item(cmdPrevious), item(cmdNext), item(cmdLast), space(), item(cmdOk),
-           item(cmdClose)}),
+      popupFoot(navigation_.buttons(), cmdOk, cmdClose),
   }));
 }
 

@@ -122,6 +122,7 @@ void Form::setLayout(Layout layout) {
   labelled_.clear();
   std::vector<std::pair<Control*, int>> inside;
   collectPlaces(layout_, inside);
+  std::stable_partition(places_.begin(), places_.end(), [](const Place& place) { return !place.tabLater; });
 }
 
 void Form::collectPlaces(const Layout& node, std::vector<std::pair<Control*, int>>& inside) {
@@ -132,7 +133,7 @@ void Form::collectPlaces(const Layout& node, std::vector<std::pair<Control*, int
     while (first->kind != Kind::Item && !first->children.empty()) first = &first->children.front();
     if (first->control != nullptr) labelled_.emplace_back(node.label, first->control);
   }
-  if (node.control != nullptr) places_.push_back({node.control, inside});
+  if (node.control != nullptr) places_.push_back({node.control, inside, node.tabLater});
   const bool encloses = node.kind == Kind::Group || node.kind == Kind::Pages;
   int page = 0;
   for (const Layout& child : node.children) {

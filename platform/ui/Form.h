@@ -86,6 +86,7 @@ class Form : public std::enable_shared_from_this<Form> {
   struct Place {
     Control* control;
     std::vector<std::pair<Control*, int>> inside;  // frames (page -1) and tab controls with the page
+    bool tabLater = false;
   };
   void adopt(Control& control) { controls_.push_back(&control); }
   void collectPlaces(const Layout& node, std::vector<std::pair<Control*, int>>& inside);
@@ -101,7 +102,7 @@ class Form : public std::enable_shared_from_this<Form> {
   Desktop* desktop_;
   std::vector<Control*> controls_;
   Layout layout_;
-  std::vector<Place> places_;                            // in reading order
+  std::vector<Place> places_;                            // in tab order
   std::vector<std::pair<Control*, Control*>> labelled_;  // label, field
   Control* active_ = nullptr;
   Control* firstFocus_ = nullptr;

@@ -11,7 +11,7 @@ class Frame;
 class Label;
 class TabControl;
 
-/// A tree. Reading order is the tab order.
+/// A tree. Reading order is the tab order, but for what comes later.
 struct Layout {
   enum class Kind {
     Item,    ///< `control`
@@ -28,8 +28,9 @@ struct Layout {
   Control* control = nullptr;
   Label* label = nullptr;
   std::vector<Layout> children;
-  int grow = 0;        ///< Share of the room that is left over; 0 takes none.
-  int characters = 0;  ///< Wanted width in characters; 0 leaves it to the kind of control.
+  int grow = 0;           ///< Share of the room that is left over; 0 takes none.
+  int characters = 0;     ///< Wanted width in characters; 0 leaves it to the kind of control.
+  bool tabLater = false;  ///< An item that is tabbed to behind all others.
 
   [[nodiscard]] Layout growing(int share = 1) && {
     grow = share;
@@ -37,6 +38,10 @@ struct Layout {
   }
   [[nodiscard]] Layout wide(int count) && {
     characters = count;
+    return std::move(*this);
+  }
+  [[nodiscard]] Layout later() && {
+    tabLater = true;
     return std::move(*this);
   }
 };
