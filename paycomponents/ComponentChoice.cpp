@@ -24,8 +24,12 @@ void ComponentChoice::chosen() {
   }
 }
 
+bool ComponentChoice::isOfRow(std::int32_t componentId) const {
+  return row_ && row_->componentId == componentId;
+}
+
 void ComponentChoice::price(std::int32_t componentId) {
-  if (row_ && row_->componentId == componentId) return keepRowAmount();
+  if (isOfRow(componentId)) return keepRowAmount();
   const std::int32_t formulaId = lookups_.formulaId(*helpers_.objCommonDB, componentId);
   if (formulaId >= 1) {
     controls_.txtAmount.Text = basic::numberText(formulas_.amountOf(controls_.combo.Text(), formulaId));
@@ -48,6 +52,8 @@ void ComponentChoice::fillIn(std::int32_t componentId) {
   const std::string code = lookups_.formulaCode(database, componentId);
   controls_.lblformula.Caption = code.empty() ? std::string() : "Amount By Formula :" + code;
   controls_.txtAmount.Enabled = code.empty();
+  // What was typed for another component meanwhile is not this one's.
+  if (!code.empty() && isOfRow(componentId)) controls_.txtAmount.Text = row_->amount;
 }
 
 void ComponentChoice::showRow(const Row& row) {

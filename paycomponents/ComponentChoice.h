@@ -44,7 +44,7 @@ class ComponentChoice {
   /// on.
   void chosen();
   /// Shows a row that is in the list. Its amount stays while its component does; a component with a formula
-  /// that is chosen in its place brings its own.
+  /// that is chosen in its place brings its own, and the row's component its amount again if it has a formula.
   void showRow(const Row& row);
 
   /// A component must be chosen.
@@ -53,6 +53,7 @@ class ComponentChoice {
  private:
   void fillIn(std::int32_t componentId);
   void price(std::int32_t componentId);
+  [[nodiscard]] bool isOfRow(std::int32_t componentId) const;
   void keepRowAmount();
 
   PayLookups lookups_;
