@@ -5,15 +5,13 @@
 #include <array>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "entry/frmpayslate.h"
 #include "paycomponents/ListColumns.h"
-#include "platform/ado/Recordset.h"
-#include "schema/schema.h"
+#include "tests/component/DemoPayroll.h"
 
 namespace payslate {
 
@@ -106,12 +104,9 @@ inline Totals statedBy(const frmpayslate& entry) {
 }
 
 // The demo company, with more currencies and with formulas of more than two decimals.
-class Payroll {
+class Payroll : public DemoPayroll {
  public:
   Payroll() {
-    connection->Open(":memory:");
-    schema::create(*connection);
-    schema::fillDemo(*connection);
     for (const char* statement :
          {"insert into pDeductions (dCompanyID, dDedID, dDescription, dActive, dformulaid, dcurrencyid)"
           " values (1, 9, 'Dollar club', 1, null, 2), (1, 10, 'Relief', 1, null, null)",
@@ -172,8 +167,6 @@ class Payroll {
     const auto found = components_[kind].find(id);
     return found == components_[kind].end() ? std::pair<std::string, std::string>() : found->second;
   }
-
-  std::shared_ptr<ado::Connection> connection = std::make_shared<ado::Connection>();
 
  private:
   std::string nextEntry_;

@@ -89,25 +89,6 @@ TEST_F(Persistence, EachKindOfRowFillsItsColumns) {
       "1 EN1 28000.01 0 30000|");
 }
 
-TEST_F(Persistence, AnEntryWrittenAgainHasOneSetOfRowsAndKeepsNumberAndDate) {
-  entry_.allowances = {{"1", "House", "1500.00", "11", "Y", "Rs"}};
-  entry_.deductions = {{"1", "Salary Carry Forward", "10", "", "B", "Rs", ""},
-                       {"2", "Canteen", "1", "2", "D", "Rs", ""}};
-  const std::int32_t id = save();
-  session_.strMode = EntryMode::Existing;
-  entry_.browseEntryId = std::to_string(id);
-  entry_.entryDate = basic::Date::fromCalendar(2027, 1, 1);
-  entry_.paidCash = PaidCash::OnHold;
-  entry_.allowances.clear();
-  save();
-  EXPECT_EQ(save(), id);
-  EXPECT_EQ(rows("select emhID, emhNo, emhDate, emhpaidcash from pempmonthlyentryheader"),
-            "1 EN1 2026/04/30 2|");
-  EXPECT_EQ(rows("select count(*) from pemployeeallowancedetail"), "0|");
-  EXPECT_EQ(rows(deductionRows), "2 2 - - - - D 1|");
-  EXPECT_EQ(rows(movementRows), "1 10 1|");
-}
-
 TEST_F(Persistence, RefusesWhatTheColumnsCannotHold) {
   const struct {
     std::vector<ListRow> allowances;

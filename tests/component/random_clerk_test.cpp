@@ -10,9 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "component/clspayslate.h"
 #include "platform/basic/Unicode.h"
-#include "platform/scripted/ScriptedDesktop.h"
 #include "tests/component/EntryRows.h"
 
 namespace payslate {
@@ -63,7 +61,8 @@ class RandomClerk : public ui::Clerk {
     return yes ? ui::Answer::Yes : ui::Answer::No;
   }
 
-  ui::MenuItem* pick(ui::Form&, const ui::PopupMenu& menu) override {
+  ui::MenuItem* pick(ui::Form& form, const ui::PopupMenu& menu) override {
+    require(offers(menu) == allowed(dynamic_cast<ui::ListView&>(*form.ActiveControl())), "a wrong menu");
     std::vector<ui::MenuItem*> offered{nullptr};
     for (ui::MenuItem* item : menu.items())
       if (item->canBePicked()) offered.push_back(item);
@@ -91,6 +90,26 @@ class RandomClerk : public ui::Clerk {
   Rows shown(Kind kind) const { return shownIn(list(kind), columnsOf[kind]); }
 
   // ---- What must hold ----
+
+  static std::set<std::string> offers(const ui::PopupMenu& menu) {
+    std::set<std::string> names;
+    for (const ui::MenuItem* item : menu.items())
+      if (item->canBePicked()) names.insert(item->Name());
+    return names;
+  }
+
+  std::set<std::string> allowed(const ui::ListView& list) const {
+    const Kind kind = &list == &entry_->lvwAllow    ? Allowances
+                      : &list == &entry_->lvwDeduct ? Deductions
+                                                    : Facilities;
+    std::set<std::string> names{"mnuCancel"};
+    if (kind != Facilities) names.insert("mnuAdd");
+    if (list.SelectedItem() < 0) return names;
+    names.insert("mnuEdit");
+    const Row row = shown(kind)[static_cast<std::size_t>(list.SelectedItem())];
+    if (kind == Facilities || row.isAny("NB")) names.insert("mnuDelete");
+    return names;
+  }
 
   void askedToDelete(const std::string& question, bool yes) {
     for (const Kind kind : allLists) {
@@ -353,17 +372,7 @@ class RandomClerk : public ui::Clerk {
 TEST(RandomClerk, WhateverHeDoesListsTotalsAndStoredRowsAgree) {
   const Payroll payroll;
   RandomClerk clerk(payroll);
-  scripted::ScriptedDesktop desktop;
-  desktop.setClerk(&clerk);
-  clspayslate component(desktop);
-  component.adocon(payroll.connection);
-  component.MsgboxTitle = "Payroll";
-  component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
-  component.intUserID = 1;
-  component.intInterfaceID = 40001;
-  component.intCompanyID = 1;
-  component.intfinancialid = 2026;
-  component.Show();
+  payroll.show(clerk);
   // He came everywhere.
   for (const std::string& refusal : refusals) EXPECT_TRUE(clerk.seen.contains(refusal)) << refusal;
   EXPECT_GT(clerk.stored, months / 5);

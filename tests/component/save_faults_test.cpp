@@ -3,19 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "component/clspayslate.h"
 #include "platform/ado/Provider.h"
-#include "platform/ado/Recordset.h"
-#include "platform/basic/Numbers.h"
-#include "platform/scripted/ScriptedDesktop.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/ListView.h"
-#include "schema/schema.h"
+#include "tests/component/DemoPayroll.h"
 
 namespace payslate {
 namespace {
@@ -139,20 +136,13 @@ class SaveFaults : public ::testing::Test {
                              return std::make_unique<FaultyProvider>(
                                  ado::openProvider(connection.substr(std::string(faultyPrefix).size())));
                            }});
-    connection_->Open(std::string(faultyPrefix) + ":memory:");
-    schema::create(*connection_);
-    schema::fillDemo(*connection_);
+    payroll_.emplace(std::string(faultyPrefix) + ":memory:");
   }
 
-  long count(const std::string& what) {
-    ado::Recordset rows;
-    rows.Open("select count(*) from " + what, *connection_, ado::CursorType::ForwardOnly,
-              ado::LockType::ReadOnly);
-    return basic::CLng(rows.Fields(0).Value());
-  }
+  double count(const std::string& what) { return payroll_->value("select count(*) from " + what); }
 
-  std::vector<long> storedRows() {
-    std::vector<long> counts;
+  std::vector<double> storedRows() {
+    std::vector<double> counts;
     for (const char* table :
          {"pempmonthlyentryheader", "pemployeeallowancedetail", "pemployeeDeductiondetail",
           "pEmployeeCurrentDetails", "pempfacilitydeductiondetail"})
@@ -163,25 +153,15 @@ class SaveFaults : public ::testing::Test {
   SavingClerk enter(int failingRequest) {
     SavingClerk clerk;
     clerk.failingRequest = failingRequest;
-    scripted::ScriptedDesktop desktop;
-    desktop.setClerk(&clerk);
-    clspayslate component(desktop);
-    component.adocon(connection_);
-    component.MsgboxTitle = "Payroll";
-    component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
-    component.intUserID = 1;
-    component.intInterfaceID = 40001;
-    component.intCompanyID = 1;
-    component.intfinancialid = 2026;
-    component.Show();
+    payroll_->show(clerk);
     return clerk;
   }
 
-  std::shared_ptr<ado::Connection> connection_ = std::make_shared<ado::Connection>();
+  std::optional<DemoPayroll> payroll_;
 };
 
 TEST_F(SaveFaults, EveryRequestOfASaveCanFailWithoutATrace) {
-  const std::vector<long> before = storedRows();
+  const std::vector<double> before = storedRows();
   // Each refused save leaves the employee to be entered; the first request that does not exist stores the
   // entry.
   int request = 1;

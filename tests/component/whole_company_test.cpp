@@ -2,14 +2,8 @@
 // cancelled, and what is stored adds up to what the masters say.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
-#include "component/clspayslate.h"
-#include "platform/ado/Connection.h"
-#include "platform/ado/Recordset.h"
-#include "platform/basic/Numbers.h"
-#include "platform/scripted/ScriptedDesktop.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
@@ -17,7 +11,7 @@
 #include "platform/ui/ListView.h"
 #include "platform/ui/TabControl.h"
 #include "platform/ui/TextBox.h"
-#include "schema/schema.h"
+#include "tests/component/DemoPayroll.h"
 
 namespace payslate {
 namespace {
@@ -115,38 +109,6 @@ class MonthClerk : public ui::Clerk {
   int leftOut_ = 0;
 };
 
-class WholeCompany : public ::testing::Test {
- protected:
-  WholeCompany() {
-    connection_->Open(":memory:");
-    schema::create(*connection_);
-    schema::fillDemo(*connection_);
-  }
-
-  MonthClerk work(MonthClerk clerk, int month, int lastDay) {
-    scripted::ScriptedDesktop desktop;
-    desktop.setClerk(&clerk);
-    clspayslate component(desktop);
-    component.adocon(connection_);
-    component.MsgboxTitle = "Payroll";
-    component.ProcessDate = basic::Date::fromCalendar(2026, month, lastDay);
-    component.intUserID = 1;
-    component.intInterfaceID = 40001;
-    component.intCompanyID = 1;
-    component.intfinancialid = 2026;
-    component.Show();
-    return clerk;
-  }
-
-  double value(const std::string& statement) {
-    ado::Recordset rows = connection_->Execute(statement);
-    const basic::Value first = rows.Fields(0).Value();
-    return basic::isNull(first) ? 0 : basic::CDbl(first);
-  }
-
-  std::shared_ptr<ado::Connection> connection_ = std::make_shared<ado::Connection>();
-};
-
 std::string daysOf(const char* types) {
   return std::string("(select eaEmpID, count(distinct eaddate) days from pempattendancedetail d,") +
          " pEmployeeattendence h where h.eaid = d.eadAttendanceID and h.eacompanyid = d.eadcompanyid and"
@@ -154,13 +116,16 @@ std::string daysOf(const char* types) {
          types + " group by eaEmpID)";
 }
 
-TEST_F(WholeCompany, StoredRowsAddUpToTheMasters) {
+TEST(WholeCompany, StoredRowsAddUpToTheMasters) {
+  const DemoPayroll payroll;
+  const auto value = [&payroll](const std::string& statement) { return payroll.value(statement); };
   const double before = value("select count(*) from pempmonthlyentryheader");
   // The entries of this month's work, and those that still stand.
   const std::string made = " and emhCompanyID = 1 and emhID > " +
                            basic::numberText(value("select max(emhID) from pempmonthlyentryheader"));
   const std::string live = made + " and emhCancelled = 0";
-  const MonthClerk clerk = work({}, 4, 30);
+  MonthClerk clerk;
+  payroll.show(clerk);
   EXPECT_GT(clerk.entered, 25);
   EXPECT_GT(clerk.edited, clerk.fees);
   EXPECT_GT(clerk.fees, 5);
@@ -239,8 +204,8 @@ TEST_F(WholeCompany, StoredRowsAddUpToTheMasters) {
   // The next month starts with everybody.
   MonthClerk next;
   next.onlyLooks = true;
-  EXPECT_EQ(work(next, 5, 31).offered,
-            value("select count(*) from pemployee where eCompanyID = 1 and eActive = 1"));
+  payroll.show(next, 5, 31);
+  EXPECT_EQ(next.offered, value("select count(*) from pemployee where eCompanyID = 1 and eActive = 1"));
 }
 
 }  // namespace

@@ -1,0 +1,48 @@
+// The demo companies in a database in memory, and a clerk at work in the first of them.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "component/clspayslate.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Numbers.h"
+#include "platform/scripted/ScriptedDesktop.h"
+#include "schema/schema.h"
+
+namespace payslate {
+
+struct DemoPayroll {
+  explicit DemoPayroll(const std::string& database = ":memory:") {
+    connection->Open(database);
+    schema::create(*connection);
+    schema::fillDemo(*connection);
+  }
+
+  // Returns when the clerk has closed the list.
+  void show(ui::Clerk& clerk, int month = 4, int lastDay = 30) const {
+    scripted::ScriptedDesktop desktop;
+    desktop.setClerk(&clerk);
+    clspayslate component(desktop);
+    component.adocon(connection);
+    component.MsgboxTitle = "Payroll";
+    component.ProcessDate = basic::Date::fromCalendar(2026, month, lastDay);
+    component.intUserID = 1;
+    component.intInterfaceID = 40001;
+    component.intCompanyID = 1;
+    component.intfinancialid = 2026;
+    component.Show();
+  }
+
+  // The first column of the first row; Null is 0.
+  [[nodiscard]] double value(const std::string& statement) const {
+    ado::Recordset rows = connection->Execute(statement);
+    const basic::Value first = rows.Fields(0).Value();
+    return basic::isNull(first) ? 0 : basic::CDbl(first);
+  }
+
+  std::shared_ptr<ado::Connection> connection = std::make_shared<ado::Connection>();
+};
+
+}  // namespace payslate
