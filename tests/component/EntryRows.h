@@ -108,8 +108,8 @@ class Payroll : public DemoPayroll {
  public:
   Payroll() {
     for (const char* statement :
-         {"insert into pDeductions (dCompanyID, dDedID, dDescription, dActive, dformulaid, dcurrencyid)"
-          " values (1, 9, 'Dollar club', 1, null, 2), (1, 10, 'Relief', 1, null, null)",
+         {("insert into pDeductions (dCompanyID, dDedID, dDescription, dActive, dformulaid, dcurrencyid)"
+           " values (1, 9, 'Dollar club', 1, null, 2), (1, 10, 'Relief', 1, null, null)"),
           "update pFacilityMaster set fmcurrencyid = 3 where fmFacilityID = 2",
           "update pformula set fFormulaName = 'BP / 9' where fFormulaID = 1",
           "update pformula set fFormulaName = 'BP / 7' where fFormulaID = 2",
@@ -146,8 +146,8 @@ class Payroll : public DemoPayroll {
     for (const std::string table :
          {"emhbasicpay, emhempID from pempmonthlyentryheader where emhID = ",
           "eadamount, eadallowanceid, eaddefault from pemployeeallowancedetail where eadid = ",
-          "eddamount, eddDetailID, eddType, coalesce(edddeductionid, eddloanid, eddsavingsid),"
-          " coalesce(eddLoanIssueID, eddOpenSavingsID) from pemployeeDeductiondetail where eddid = ",
+          ("eddamount, eddDetailID, eddType, coalesce(edddeductionid, eddloanid, eddsavingsid),"
+           " coalesce(eddLoanIssueID, eddOpenSavingsID) from pemployeeDeductiondetail where eddid = "),
           "ecdAmount, ecdDetailID, ecdMode from pEmployeeCurrentDetails where ecdPaySlateID = ",
           "efddedamount, efddetailid, efdtrackingid from pempfacilitydeductiondetail where efdid = "})
       tables.push_back(query("select " + table + nextEntry_ + " order by 2"));
@@ -175,7 +175,10 @@ class Payroll : public DemoPayroll {
 
 // What Payroll::newEntry has to find when lists like these were saved.
 inline std::vector<Stored> storedForm(Cents basicPay, const std::array<Rows, 3>& lists) {
-  Stored allowances, deductions, movements, facilities;
+  Stored allowances;
+  Stored deductions;
+  Stored movements;
+  Stored facilities;
   const auto move = [&movements](const Row& row, const char* mode) {
     movements.push_back({std::to_string(row.amount), std::to_string(movements.size() + 1), mode});
   };

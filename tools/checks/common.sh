@@ -71,14 +71,24 @@ holds() {
 
 # ---- Real windows ----
 
+# A number of its own: a server that looks for a free one may take that of a server which is just going, and lose it.
+start_display() {
+  for _ in $(seq 5); do
+    export DISPLAY=:$((1000 + RANDOM))
+    Xvfb "$DISPLAY" -screen 0 1280x900x24 -nolisten tcp -noreset 2>"$scratch/xvfb.log" &
+    display_server=$!
+    for _ in $(seq 200); do
+      xdotool getdisplaygeometry >/dev/null 2>&1 && return 0
+      kill -0 "$display_server" 2>/dev/null || break
+      sleep 0.1
+    done
+  done
+  return 1
+}
+
 # open_entries: the list of demo company 1, April 2026, on a display of its own.
 open_entries() {
-  exec 3<>"$scratch/display"
-  Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 2>"$scratch/xvfb.log" &
-  display_server=$!
-  for _ in $(seq 100); do [ -s "$scratch/display" ] && break; sleep 0.1; done
-  DISPLAY=:$(head -n 1 "$scratch/display")
-  export DISPLAY
+  start_display || { echo "no display could be started"; cat "$scratch/xvfb.log"; return 1; }
   unset QT_QPA_PLATFORM WAYLAND_DISPLAY
   # Windows are measured alike whatever the machine's settings.
   QT_FONT_DPI=96 QT_STYLE_OVERRIDE=Fusion "$host" show --connect "$scratch/payroll.db" --company 1 --user 1 \
