@@ -72,9 +72,15 @@ std::string coverageStatement(const Session& session, std::int32_t employeeId, b
 void Attendance::computePeriod(common::CommonDB& database) {
   const basic::Date entryDate = controls_.dtpattdate.Value();
   database.strTableName("vwPaymonthvsdate");
-  bas_.dtPeriodStart =
-      dateOf(database.fnreturnfield("startdate ", "companyid=" + bas_.companyText() +
-                                                      " and paymonth=" + std::to_string(entryDate.month())));
+  const std::string month = std::to_string(entryDate.month());
+  const basic::Value start =
+      database.fnreturnfield("startdate ", "companyid=" + bas_.companyText() + " and paymonth=" + month);
+  // The form stays open, so that another date can be picked; nobody can be entered in the zero date's period.
+  if (basic::isNull(start) && bas_.isNewEntry())
+    bas_.message("Pay month " + month +
+                 " of this company has no start date. Pick another date, or have the pay "
+                 "months (vwPaymonthvsdate) completed.");
+  bas_.dtPeriodStart = dateOf(start);
   if (bas_.dtPeriodStart.year() > bas_.ProcessDate.year())
     bas_.dtPeriodStart = bas_.dtPeriodStart.plusYears(entryDate.year() - bas_.dtPeriodStart.year());
   bas_.dtPeriodEnd = bas_.dtPeriodStart.plusMonths(1).plusDays(-1);

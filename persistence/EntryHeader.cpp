@@ -44,6 +44,10 @@ std::string largestNumberStatement(const Session& session, const std::string& pr
          "),0)) =1 and substring(emhNo,1,len('" + prefix + "'))='" + prefix + "'";
 }
 
+bool isProcessed(const basic::Value& mark) {
+  return !basic::isNull(mark) && basic::CLng(mark) == 1;
+}
+
 }  // namespace
 
 std::string EntryWriter::entryPrefix() {
@@ -68,6 +72,16 @@ void EntryWriter::fnGetEntryNo() {
   strEntryNo_ = prefix + std::to_string(basic::CInt(largestRunningNumber(prefix) + 1));
 }
 
+basic::Value EntryWriter::originalBasic() {
+  const std::string employee =
+      "eCompanyID=" + session_.companyText() + " and eEmpID=" + std::to_string(entry_.employeeId);
+  database_.strTableName(session_.TableLinks["pemployee"]);
+  const basic::Value basicPay = database_.fnreturnfield("eBasic", employee);
+  if (basic::isNull(basicPay) && basic::isNull(database_.fnreturnfield("eEmpID", employee)))
+    throw ado::Error("The employee was removed while the entry was open. Nothing is stored.", "02000");
+  return basicPay;
+}
+
 std::int32_t EntryWriter::fnSaveHeader() {
   ado::Recordset header;
   if (session_.isNewEntry()) {
@@ -87,6 +101,8 @@ std::int32_t EntryWriter::fnSaveHeader() {
                 ado::LockType::Optimistic);
     if (header.Eof())
       throw ado::Error("This entry was cancelled or removed while it was open. Nothing is stored.", "02000");
+    if (isProcessed(header.Fields("emhprocessed").Value()))
+      throw ado::Error("The payroll run has taken this entry while it was open. Nothing is stored.", "02000");
   }
   header.Fields("emhempID") = entry_.employeeId;
   header.Fields("emhpaidcash") = static_cast<std::int16_t>(entry_.paidCash);
@@ -94,9 +110,7 @@ std::int32_t EntryWriter::fnSaveHeader() {
   header.Fields("emhbasicpay") = moneyText(entry_.basicPay);
   header.Fields("emhstartdate") = session_.dtPeriodStart;
   header.Fields("emhenddate") = session_.dtPeriodEnd;
-  database_.strTableName(session_.TableLinks["pemployee"]);
-  header.Fields("emhOrginalBasic") = database_.fnreturnfield(
-      "eBasic", "eCompanyID=" + session_.companyText() + " and eEmpID=" + std::to_string(entry_.employeeId));
+  header.Fields("emhOrginalBasic") = originalBasic();
   header.Update();
   return lngEntryID_;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "persistence/EntryRecord.h"
+#include "platform/basic/Value.h"
 
 namespace payslate {
 
@@ -32,6 +33,8 @@ class EntryWriter {
  private:
   void fnGetEntryNo();
   void fnAddCarryForwardRow(std::int32_t entryId, double amount, std::int16_t mode);
+  /// The employee's basic pay as it stands in the database; ado::Error when there is no such employee.
+  [[nodiscard]] basic::Value originalBasic();
   [[nodiscard]] std::string entryPrefix();
   [[nodiscard]] double largestRunningNumber(const std::string& prefix);
 

@@ -11,6 +11,7 @@
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/TextBox.h"
+#include "tests/component/DemoPayroll.h"
 
 namespace payslate {
 namespace {
@@ -41,6 +42,37 @@ TEST(Component, WithoutAConnectionTheFirstStatementFailsOnTheOneItMade) {
   EXPECT_EQ(basPaySlate().adocon(), component.adocon());
   EXPECT_EQ(component.adocon()->State(), ado::ObjectState::Closed);
   EXPECT_EQ(basPaySlate().intInterfaceID, 40001);
+}
+
+// Closes the host's connection while the list is open, and goes on as if nothing had happened.
+class CuttingClerk : public IdleClerk {
+ public:
+  explicit CuttingClerk(const DemoPayroll& payroll) : payroll_(payroll) {}
+  void attend(ui::Form& form) override {
+    payroll_.connection->Close();
+    form.input().click(*form.control("cmdnew"));
+    form.input().key({ui::KeyCode::Return, 0, ui::KeyAscii::Return});
+    EXPECT_TRUE(form.isLoaded());
+    form.input().click(*form.control("CmdClose"));
+  }
+  ui::Answer answer(const ui::Message& message) override {
+    messages.push_back(message.title + ": " + message.text);
+    return ui::Answer::Ok;
+  }
+  std::vector<std::string> messages;
+
+ private:
+  const DemoPayroll& payroll_;
+};
+
+TEST(Component, AClosedConnectionIsSaidAndTheListStays) {
+  const DemoPayroll payroll;
+  CuttingClerk clerk(payroll);
+  payroll.show(clerk);
+  ASSERT_GE(clerk.messages.size(), 1U);
+  for (const std::string& message : clerk.messages)
+    EXPECT_EQ(message.find("Payroll: The connection is"), 0U) << message;
+  EXPECT_THROW(payroll.show(clerk), ado::Error);
 }
 
 TEST(Helpers, SnapshotsTellWhatChanged) {
