@@ -76,7 +76,7 @@ basic::Value EntryWriter::originalBasic() {
   const std::string employee =
       "eCompanyID=" + session_.companyText() + " and eEmpID=" + std::to_string(entry_.employeeId);
   database_.strTableName(session_.TableLinks["pemployee"]);
-  const basic::Value basicPay = database_.fnreturnfield("eBasic", employee);
+  basic::Value basicPay = database_.fnreturnfield("eBasic", employee);
   if (basic::isNull(basicPay) && basic::isNull(database_.fnreturnfield("eEmpID", employee)))
     throw ado::Error("The employee was removed while the entry was open. Nothing is stored.", "02000");
   return basicPay;

@@ -57,7 +57,7 @@ class ComboBox : public Control {
   /// Selection inside the text, counted in characters; as in a text box.
   [[nodiscard]] int SelStart() const { return selStart_; }
   [[nodiscard]] int SelLength() const { return selLength_; }
-  void Select(int start, int length);
+  void Select(int start, int count);
 
  private:
   [[nodiscard]] const Item& item(int index) const;
