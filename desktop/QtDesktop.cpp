@@ -119,7 +119,7 @@ void QtDesktop::pictureInFront() {
   if (!windows_.empty()) picture(*windows_.back(), windows_.back()->objectName());
 }
 
-bool QtDesktop::grab(const ui::Form& form, const std::string& file) {
+bool QtDesktop::grab(const ui::Form& form, const std::string& file) const {
   FormWindow* shown = window(form);
   return shown != nullptr && shown->grab().save(toQt(file));
 }
@@ -242,7 +242,7 @@ std::string QtDesktop::applicationFolder() const {
 }
 
 std::string numericDatePattern(const QString& regionFormat) {
-  const std::string usual = "dd/MM/yyyy";
+  std::string usual = "dd/MM/yyyy";
   constexpr struct {
     char letter;
     const char* written;

@@ -40,7 +40,7 @@ class QtDesktop : public ui::Desktop {
 
   void showModal(ui::Form& form) override;
   ui::Answer showMessage(const ui::Message& message) override;
-  ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& menu) override;
+  ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& model) override;
   [[nodiscard]] std::string shortDatePattern() const override;
   [[nodiscard]] std::string applicationFolder() const override;
 
@@ -51,7 +51,7 @@ class QtDesktop : public ui::Desktop {
   /// closes, as NN-Name.png in this folder.
   void saveScreens(const std::string& folder);
   /// Pictures the form's window now. False when it is not shown or the file cannot be written.
-  bool grab(const ui::Form& form, const std::string& file);
+  bool grab(const ui::Form& form, const std::string& file) const;
 
   /// The window of a form that is shown; null for another.
   [[nodiscard]] FormWindow* window(const ui::Form& form) const;
