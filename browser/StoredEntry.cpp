@@ -172,10 +172,11 @@ void StoredEntry::loadDeductions(ui::ListView& lvwDeduct) {
   ado::Recordset rows;
   rows.Open(deductionStatement(bas_, entryId_), *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
   for (; !rows.Eof(); rows.MoveNext()) {
-    const std::string type = rows.Fields("type").Text();
+    // A column of fixed width pads it, and every page compares it with a letter.
+    const std::string type = basic::Trim(rows.Fields("type").Text());
     std::string transaction;
-    if (basic::Trim(type) == DeductKind::Loan) transaction = rows.Fields("eddLoanIssueID").Text();
-    if (basic::Trim(type) == DeductKind::Savings) transaction = rows.Fields("eddOpenSavingsID").Text();
+    if (type == DeductKind::Loan) transaction = rows.Fields("eddLoanIssueID").Text();
+    if (type == DeductKind::Savings) transaction = rows.Fields("eddOpenSavingsID").Text();
     const std::string currency = rows.Fields("curid").Text();
     const std::string symbol =
         currency.empty()

@@ -22,8 +22,8 @@ class ListPage {
   /// Can the clerk add rows of his own?
   [[nodiscard]] virtual bool offersAdd() const = 0;
   [[nodiscard]] virtual bool mayDelete(int row) const = 0;
-  /// Does the Delete key make this the active list first?
-  [[nodiscard]] virtual bool deleteKeyActivates() const { return false; }
+  /// Does any key pressed in it make this the active list first?
+  [[nodiscard]] virtual bool keysActivate() const { return true; }
 
   virtual void add() = 0;
   virtual void edit() = 0;

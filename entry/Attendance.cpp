@@ -1,6 +1,9 @@
 // Pay period, department and calendar, and the day counts from the attendance sheets.
 #include "entry/Attendance.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "component/BasPaySlate.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
@@ -67,6 +70,17 @@ std::string coverageStatement(const Session& session, std::int32_t employeeId, b
          " and eaEmpID=" + std::to_string(employeeId);
 }
 
+/// `start` in the year that brings it nearest to `entryDate`: the pay months are those of one year, and a
+/// stored entry may be of another.
+basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
+  const auto distance = [&](int years) {
+    return std::abs(basic::daysBetween(start.plusYears(years), entryDate));
+  };
+  const int years = entryDate.year() - start.year();
+  return start.plusYears(std::min({years - 1, years, years + 1},
+                                  [&](int left, int right) { return distance(left) < distance(right); }));
+}
+
 }  // namespace
 
 void Attendance::computePeriod(common::CommonDB& database) {
@@ -83,6 +97,8 @@ void Attendance::computePeriod(common::CommonDB& database) {
   bas_.dtPeriodStart = dateOf(start);
   if (bas_.dtPeriodStart.year() > bas_.ProcessDate.year())
     bas_.dtPeriodStart = bas_.dtPeriodStart.plusYears(entryDate.year() - bas_.dtPeriodStart.year());
+  if (!basic::isNull(start) && !bas_.isNewEntry())
+    bas_.dtPeriodStart = nearestYear(bas_.dtPeriodStart, entryDate);
   bas_.dtPeriodEnd = bas_.dtPeriodStart.plusMonths(1).plusDays(-1);
   controls_.txtTotalDays.Text = std::to_string(basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1);
 }

@@ -133,6 +133,7 @@ void frmpayslate::Form_Load() {
 void frmpayslate::fillEmployees() {
   if (bas_.isNewEntry()) {
     bas_.FillCombo(cboEmpname, "eEmpId", "ename", employeesWithoutEntry(bas_));
+    cboEmpname.Enabled = true;
     dtpattdate.Value = bas_.ProcessDate;
     return;
   }

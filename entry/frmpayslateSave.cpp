@@ -33,6 +33,7 @@ bool frmpayslate::fnValidateEntry() {
     bas_.refuse(noSaveReason_, cboEmpname);
     return false;
   }
+  DisplayCurrency();  // A row that was deleted has left the statement as it was.
   for (int row = 0; row < lvwCurrency.rowCount(); ++row) {
     if (basic::Val(lvwCurrency.cellText(row, CurrencyColumn::Amount)) >= 0) continue;
     bas_.message("Can not have Negative pay");

@@ -21,9 +21,9 @@ std::string inMonth(basic::Date date) {
          " and year(emhDate)=" + std::to_string(date.year());
 }
 
-std::string newMonthStatement(const Session& session, std::int32_t employeeId) {
-  return headerStart(session, " and emhempID  = ", employeeId) + " and emhCancelled=0" +
-         inMonth(session.ProcessDate);
+// The month of the form's date, which is the one that a save would store.
+std::string newMonthStatement(const Session& session, std::int32_t employeeId, basic::Date entryDate) {
+  return headerStart(session, " and emhempID  = ", employeeId) + " and emhCancelled=0" + inMonth(entryDate);
 }
 
 std::string storedMonthStatement(const Session& session, std::int32_t employeeId, basic::Date entryDate) {
@@ -57,7 +57,7 @@ void frmpayslate::cboEmpname_Click() {
   noSaveReason_ = "The month of this employee is not loaded. Choose the employee again.";
   std::string headerStatement;
   if (bas_.isNewEntry()) {
-    headerStatement = newMonthStatement(bas_, employeeId);
+    headerStatement = newMonthStatement(bas_, employeeId, dtpattdate.Value());
     if (!prepareNewMonth(employeeId)) return;
   } else {
     showEmployeeSymbol(employeeId);
@@ -67,6 +67,8 @@ void frmpayslate::cboEmpname_Click() {
   header.Open(headerStatement, *bas_.adocon(), ado::CursorType::Keyset, ado::LockType::Optimistic);
   if (header.Eof()) {
     header.Close();
+    // Behind somebody whose month is stored the date is the clerk's again, and no longer that entry's.
+    if (!opensStored_) dtpattdate.Value = bas_.ProcessDate;
     // From an opened entry the clerk has come to somebody without one, whose month is checked like any other.
     if (bas_.isNewEntry() || prepareNewMonth(employeeId)) loadNewMonth(employeeId);
   } else {

@@ -24,7 +24,6 @@ class AllowancePage : public ListPage {
   [[nodiscard]] bool offersAdd() const override { return true; }
   /// Standing allowances stay.
   [[nodiscard]] bool mayDelete(int row) const override;
-  [[nodiscard]] bool deleteKeyActivates() const override { return true; }
   void add() override;
   void edit() override;
   void remove() override;

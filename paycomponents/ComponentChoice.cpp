@@ -15,13 +15,22 @@ std::int32_t ComponentChoice::componentId() const {
 }
 
 void ComponentChoice::chosen() {
-  if (controls_.combo.ListIndex() < 0) return;
+  incomplete_ = controls_.combo.ListIndex() >= 0;
+  if (!incomplete_) return;
   try {
     fillIn(componentId());
+    incomplete_ = false;
   } catch (...) {
-    controls_.combo.setListIndex(-1);
+    // The last choice's figures must not stand beside this one's name.
+    if (!row_) controls_.txtAmount.Text = "";
+    controls_.lblsymbol.Caption = "";
+    controls_.lblformula.Caption = "";
     throw;
   }
+}
+
+void ComponentChoice::complete() {
+  if (incomplete_) chosen();
 }
 
 bool ComponentChoice::isOfRow(std::int32_t componentId) const {

@@ -40,11 +40,14 @@ class ComponentChoice {
                   const FormHelpers& helpers, const Controls& controls)
       : lookups_(session, kind), formulas_(formulas), helpers_(helpers), controls_(controls) {}
 
-  /// The combo's Click. A choice whose formula or currency cannot be had is taken back, and the error passed
-  /// on.
+  /// The combo's Click. Where formula or currency cannot be had, what the last choice showed goes, and the
+  /// error is passed on.
   void chosen();
+  /// Fills in what `chosen` could not, or fails like it. For OK: nothing without its amount gets into a list.
+  void complete();
   /// Shows a row that is in the list. Its amount stays while its component does; a component with a formula
-  /// that is chosen in its place brings its own, and the row's component its amount again if it has a formula.
+  /// that is chosen in its place brings its own, and the row's component its amount again if it has a
+  /// formula.
   void showRow(const Row& row);
 
   /// A component must be chosen.
@@ -60,7 +63,8 @@ class ComponentChoice {
   const Formulas& formulas_;
   const FormHelpers& helpers_;
   Controls controls_;
-  std::optional<Row> row_;  ///< As shown first; empty while one is added.
+  bool incomplete_ = false;  ///< The choice could not be priced.
+  std::optional<Row> row_;   ///< As shown first; empty while one is added.
 };
 
 }  // namespace payslate

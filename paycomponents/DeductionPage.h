@@ -34,6 +34,7 @@ class DeductionPage : public ListPage {
   [[nodiscard]] bool offersAdd() const override { return true; }
   /// Only what the clerk added goes.
   [[nodiscard]] bool mayDelete(int row) const override;
+  [[nodiscard]] bool keysActivate() const override { return false; }
   void add() override;
   void edit() override;
   void remove() override;

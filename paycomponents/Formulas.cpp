@@ -138,6 +138,10 @@ double Formulas::amountOf(const std::string& component, std::int32_t formulaId) 
   } catch (ado::Error& error) {
     error.Description.insert(0, component + ": ");
     throw;
+  } catch (const basic::ValueError& error) {
+    throw ado::Error(component + ": Formula " + std::to_string(formulaId) + " cannot be computed.\r" +
+                         "The formula parameters of the employee: " + error.what(),
+                     "22018");
   }
 }
 

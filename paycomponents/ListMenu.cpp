@@ -25,9 +25,7 @@ void ListMenu::attach(const char* activeList, ListPage& page) {
   list.KeyPress = [this, activeList, &page](int& keyAscii) {
     if (keyAscii == ui::KeyAscii::Return) openRow(activeList, page);
   };
-  list.KeyDown = [this, activeList, &page](int& keyCode, int) {
-    if (keyCode == ui::KeyCode::Delete) pressDelete(activeList, page);
-  };
+  list.KeyDown = [this, activeList, &page](int& keyCode, int) { pressKey(activeList, page, keyCode); };
   list.MouseDown = [this, activeList, &page](ui::MouseButton button, int, int, int) {
     pressMouse(activeList, page, button);
   };
@@ -53,10 +51,10 @@ void ListMenu::openRow(const char* activeList, ListPage& page) {
   }
 }
 
-void ListMenu::pressDelete(const char* activeList, ListPage& page) {
+void ListMenu::pressKey(const char* activeList, ListPage& page, int keyCode) {
   if (!cmdOk_.Enabled()) return;
-  if (page.deleteKeyActivates()) strActiveList = activeList;
-  if (page.list().rowCount() > 0) mnuDelete_Click();
+  if (page.keysActivate()) strActiveList = activeList;
+  if (keyCode == ui::KeyCode::Delete && page.list().rowCount() > 0) mnuDelete_Click();
 }
 
 void ListMenu::offerCommands(const ListPage& page, bool hasRows, bool mayDelete) {

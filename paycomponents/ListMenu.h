@@ -42,7 +42,7 @@ class ListMenu {
   [[nodiscard]] ListPage* active() const;
   [[nodiscard]] bool canChange() const;
   void openRow(const char* activeList, ListPage& page);
-  void pressDelete(const char* activeList, ListPage& page);
+  void pressKey(const char* activeList, ListPage& page, int keyCode);
   void pressMouse(const char* activeList, ListPage& page, ui::MouseButton button);
   void offerCommands(const ListPage& page, bool hasRows, bool mayDelete);
 

@@ -107,6 +107,11 @@ void frmAllowPopup::rewriteRow() {
   rowEdited();
 }
 
+void frmAllowPopup::rewriteAmount() {
+  page_.list().setCell(page_.list().SelectedItem(), AllowColumn::Amount, listAmount(txtAmount));
+  rowEdited();
+}
+
 // The popup closes after this, so the next row is only selected.
 void frmAllowPopup::rowEdited() {
   if (!Tag().empty() && BasPaySlate::fnControlsChanged(*this)) page_.blnAllowChange = true;
@@ -114,6 +119,10 @@ void frmAllowPopup::rowEdited() {
 }
 
 bool frmAllowPopup::storeAllowance() {
+  if (!cboAllow.Enabled()) {  // A standing allowance, whose type may have become inactive.
+    rewriteAmount();
+    return true;
+  }
   if (!fnIsNewAllowance(choice_.componentId())) {
     bas_.refuse("Allowance already exists", cboAllow);
     return false;
@@ -127,20 +136,21 @@ bool frmAllowPopup::storeAllowance() {
 }
 
 bool frmAllowPopup::payBalanceOut() {
-  ui::ListView& list = page_.list();
+  const ui::ListView& list = page_.list();
   const double balance = basic::Val(list.cellText(list.SelectedItem(), AllowColumn::AllowID));
   if (basic::Val(txtAmount.Text()) > balance) {
     bas_.refuse("The amount cannot be greater than " + basic::numberText(balance), txtAmount);
     return false;
   }
-  list.setCell(list.SelectedItem(), AllowColumn::Amount, listAmount(txtAmount));
-  rowEdited();
+  rewriteAmount();
   return true;
 }
 
 void frmAllowPopup::cmdOk_Click() {
   const bool balance = strSalCarryFwd == AllowKind::CarriedForward;
-  if (!balance && cboAllow.ListIndex() < 0) return bas_.refuse("select the allowance type", cboAllow);
+  const bool chosen = cboAllow.ListIndex() >= 0;
+  if (!balance && !chosen && cboAllow.Enabled()) return bas_.refuse("select the allowance type", cboAllow);
+  if (chosen) choice_.complete();
   if (!bas_.fnCheckBlank(txtAmount, "Enter amount", bas_.MsgboxTitle)) return;
   if (!(balance ? payBalanceOut() : storeAllowance())) return;
   page_.DisplayCurrency();

@@ -50,6 +50,7 @@ class frmAllowPopup : public ui::Form {
   [[nodiscard]] bool fnIsNewAllowance(std::int32_t allowanceId) const;
   [[nodiscard]] bool payBalanceOut();
   [[nodiscard]] bool storeAllowance();
+  void rewriteAmount();
   void addRow();
   void rewriteRow();
   void rowEdited();

@@ -177,6 +177,7 @@ bool frmDeductPopup::storeChosen() {
     bas_.refuse("select the deduction type", cboDeduct);
     return false;
   }
+  choice_.complete();
   if (!bas_.fnCheckBlank(txtAmount, "Enter amount", bas_.MsgboxTitle)) return false;
   const std::int32_t id = choice_.componentId();
   if (!fnIsNewDeduction(id)) {

@@ -337,10 +337,12 @@ class RandomClerk : public ui::Clerk {
 
   void leave() {
     const std::vector<Stored> before = payroll_.newEntry();
+    const Totals now = totalsOf(*entry_);
     saving_ = chance(2);
     tell(saving_ ? "save" : "close");
     if (saving_) entry_->input().click(entry_->cmdOk);
     if (!saving_) entry_->input().close();
+    if (saving_) totals_ = now;
     const auto owes = [](const auto& total) { return total.second < 0; };
     const bool negative = std::any_of(totals_.begin(), totals_.end(), owes);
     require(entry_->isLoaded() == (saving_ && negative),
