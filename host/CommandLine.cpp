@@ -9,6 +9,7 @@
 
 #include "host/Commands.h"
 #include "platform/basic/Error.h"
+#include "platform/basic/Numbers.h"
 
 namespace payslate::host {
 
@@ -118,12 +119,18 @@ bool isCommand(const CLI::App& app, const std::string& word) {
                      [&word](const CLI::App* command) { return command->get_name() == word; });
 }
 
-// One line, one full stop.
-std::string sentence(std::string text) {
-  for (char& character : text)
-    if (character == '\n' || character == '\r') character = ' ';
-  text.erase(text.find_last_not_of(" .") + 1);
-  return text + ".";
+// One line; what stood on a line of its own is a sentence of its own.
+std::string sentence(const std::string& text) {
+  std::string result;
+  for (const char character : text + '\n') {
+    if (character != '\n' && character != '\r') {
+      result += character;
+      continue;
+    }
+    result.erase(result.find_last_not_of(" .") + 1);
+    if (!result.empty()) result += ". ";
+  }
+  return basic::Trim(result);
 }
 
 }  // namespace

@@ -10,7 +10,8 @@ platform/basic/      :
 platform/ado/        : platform/basic/
 platform/tsql/       : platform/basic/
 platform/sqlite/     : platform/basic/ platform/ado/ platform/tsql/ <sqlite3.h>
-platform/providers/  : platform/ado/ platform/sqlite/
+platform/odbc/       : platform/basic/ platform/ado/ <sql.h> <sqlext.h>
+platform/providers/  : platform/ado/ platform/sqlite/ platform/odbc/
 platform/ui/         : platform/basic/
 platform/scripted/   : platform/basic/ platform/ui/
 platform/common/     : platform/basic/ platform/ado/ platform/ui/

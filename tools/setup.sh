@@ -3,10 +3,10 @@
 # tests as well. Does nothing, and needs no rights, when all are there.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libsqlite3-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
+packages=(g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
           libxcb-cursor0 fonts-dejavu-core)
 if [ "${1:-run}" = test ]; then
-  packages+=(libgtest-dev xvfb xdotool)
+  packages+=(libgtest-dev xvfb xdotool unixodbc tdsodbc libsqliteodbc odbc-postgresql postgresql)
 fi
 
 missing=()

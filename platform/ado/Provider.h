@@ -32,14 +32,6 @@ class Cursor {
   [[nodiscard]] virtual basic::Value value(std::size_t column) const = 0;
 };
 
-/// The table behind a statement of the form "select * from TABLE [where …]", whose rows a recordset may add
-/// and rewrite.
-struct BaseTable {
-  std::string name;
-  std::vector<Column> columns;
-  std::vector<std::string> key;  ///< Columns of the primary key; empty when it has none.
-};
-
 struct Assignment {
   std::string column;
   basic::Value value;
@@ -55,15 +47,19 @@ class Provider {
   virtual std::unique_ptr<Cursor> execute(std::string_view statement) = 0;
 
   virtual void begin() = 0;
-  virtual void commit() = 0;
+  virtual void commit() = 0;  ///< When it fails, the transaction is still open.
+  /// A database that cannot be reached any more has rolled back by itself: no error.
   virtual void rollback() = 0;
 
-  /// Null when `statement` does not read all columns of exactly one table. Reads no row.
-  virtual std::optional<BaseTable> baseTable(std::string_view statement) = 0;
+  /// The table behind a statement of the form "select * from TABLE [where …]", whose rows a recordset may add
+  /// and rewrite; nothing when `statement` does not read all columns of exactly one table. Reads no row.
+  virtual std::optional<std::string> baseTable(std::string_view statement) = 0;
+  /// Columns of the table's primary key, in order; none when it has no key.
+  virtual std::vector<std::string> key(const std::string& table) = 0;
   /// Inserts one row with the assigned columns only. Values are converted to the column's type or refused.
-  virtual void insert(const BaseTable& table, const std::vector<Assignment>& row) = 0;
+  virtual void insert(const std::string& table, const std::vector<Assignment>& row) = 0;
   /// Rewrites the one row whose key columns have these values. Refused when it is not there any more.
-  virtual void update(const BaseTable& table, const std::vector<Assignment>& key,
+  virtual void update(const std::string& table, const std::vector<Assignment>& key,
                       const std::vector<Assignment>& row) = 0;
 };
 

@@ -53,7 +53,8 @@ struct Recordset::Rows {
 
   Edit edit = Edit::None;
   std::vector<std::optional<basic::Value>> assigned;  // by column
-  std::optional<BaseTable> table;                     // once asked for
+  std::optional<std::string> table;                   // once asked for
+  std::optional<std::vector<std::string>> key;        // likewise
 
   bool fetch();
   bool hasRow();
@@ -61,7 +62,8 @@ struct Recordset::Rows {
   void refuseWhileEditing() const;
   void refuseReadOnly() const;
   std::shared_ptr<Session> openSession() const;
-  BaseTable& baseTable();
+  const std::string& baseTable();
+  const std::vector<std::string>& baseTableKey();
   void refuseToEditCurrent();
   void beginEdit(Edit kind);
   void insert();
@@ -119,7 +121,7 @@ std::shared_ptr<Session> Recordset::Rows::openSession() const {
   return open;
 }
 
-BaseTable& Recordset::Rows::baseTable() {
+const std::string& Recordset::Rows::baseTable() {
   if (!table) {
     table = openSession()->provider->baseTable(source);
     if (!table)
@@ -128,11 +130,17 @@ BaseTable& Recordset::Rows::baseTable() {
   return *table;
 }
 
+const std::vector<std::string>& Recordset::Rows::baseTableKey() {
+  const std::string& name = baseTable();
+  if (!key) key = openSession()->provider->key(name);
+  return *key;
+}
+
 void Recordset::Rows::refuseToEditCurrent() {
   refuseReadOnly();
   row("edit");
-  if (baseTable().key.empty())
-    throw Error("Rows of " + baseTable().name + " cannot be rewritten: the table has no key", notSupported);
+  if (baseTableKey().empty())
+    throw Error("Rows of " + baseTable() + " cannot be rewritten: the table has no key", notSupported);
 }
 
 void Recordset::Rows::beginEdit(Edit kind) {
@@ -160,19 +168,19 @@ void Recordset::Rows::insert() {
   const std::vector<Assignment> row = assignments();
   if (row.empty()) throw Error("No field of the new row was assigned", accessRule);
   const std::shared_ptr<Session> open = openSession();
-  const BaseTable& target = baseTable();
-  if (connection->StatementSent) connection->StatementSent("insert " + target.name);
+  const std::string& target = baseTable();
+  if (connection->StatementSent) connection->StatementSent("insert " + target);
   open->provider->insert(target, row);
 }
 
 void Recordset::Rows::rewrite() {
   const std::shared_ptr<Session> open = openSession();
-  const BaseTable& target = baseTable();
+  const std::string& target = baseTable();
   Row& current = row("rewrite");
-  std::vector<Assignment> key;
-  for (const std::string& column : target.key) key.push_back({column, current[columnIndex(column)]});
-  if (connection->StatementSent) connection->StatementSent("update " + target.name);
-  open->provider->update(target, key, assignments());
+  std::vector<Assignment> place;
+  for (const std::string& column : baseTableKey()) place.push_back({column, current[columnIndex(column)]});
+  if (connection->StatementSent) connection->StatementSent("update " + target);
+  open->provider->update(target, place, assignments());
   for (std::size_t i = 0; i < columns.size(); ++i)
     if (assigned[i]) current[i] = std::move(*assigned[i]);
 }

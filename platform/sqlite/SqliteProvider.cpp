@@ -123,24 +123,24 @@ class SqliteProvider : public ado::Provider {
     if (std::exchange(schemaTouched_, false)) reload();
   }
 
-  std::optional<ado::BaseTable> baseTable(std::string_view statement) override {
+  std::optional<std::string> baseTable(std::string_view statement) override {
     const std::shared_ptr<const tsql::Translation> translation = translated(statement);
     if (!translation->baseTable) return std::nullopt;
-    const tsql::TableInfo& info = *catalog_.table(*translation->baseTable);
-    ado::BaseTable table;
-    table.name = info.name;
-    std::vector<const tsql::ColumnInfo*> key;
-    for (const tsql::ColumnInfo& column : info.columns) {
-      table.columns.push_back({column.name, columnType(column.type)});
-      if (column.keyPosition > 0) key.push_back(&column);
-    }
-    std::sort(key.begin(), key.end(),
-              [](const auto* a, const auto* b) { return a->keyPosition < b->keyPosition; });
-    for (const tsql::ColumnInfo* column : key) table.key.push_back(column->name);
-    return table;
+    return catalog_.table(*translation->baseTable)->name;
   }
 
-  void insert(const ado::BaseTable& table, const std::vector<ado::Assignment>& row) override {
+  std::vector<std::string> key(const std::string& table) override {
+    std::vector<const tsql::ColumnInfo*> columns;
+    for (const tsql::ColumnInfo& column : current(table).columns)
+      if (column.keyPosition > 0) columns.push_back(&column);
+    std::sort(columns.begin(), columns.end(),
+              [](const auto* a, const auto* b) { return a->keyPosition < b->keyPosition; });
+    std::vector<std::string> names;
+    for (const tsql::ColumnInfo* column : columns) names.push_back(column->name);
+    return names;
+  }
+
+  void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
     const tsql::TableInfo& info = current(table);
     if (row.empty()) return session_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
     std::string names;
@@ -156,7 +156,7 @@ class SqliteProvider : public ado::Provider {
                  values);
   }
 
-  void update(const ado::BaseTable& table, const std::vector<ado::Assignment>& key,
+  void update(const std::string& table, const std::vector<ado::Assignment>& key,
               const std::vector<ado::Assignment>& row) override {
     const tsql::TableInfo& info = current(table);
     if (key.empty())
@@ -227,10 +227,10 @@ class SqliteProvider : public ado::Provider {
     reload();
   }
 
-  const tsql::TableInfo& current(const ado::BaseTable& table) {
+  const tsql::TableInfo& current(const std::string& table) {
     if (session_.number("PRAGMA user_version") != version_) reload();
-    const tsql::TableInfo* info = catalog_.table(table.name);
-    if (info == nullptr) refuse("There is no table '" + table.name + "'.", tsql::state::noSuchTable);
+    const tsql::TableInfo* info = catalog_.table(table);
+    if (info == nullptr) refuse("There is no table '" + table + "'.", tsql::state::noSuchTable);
     return *info;
   }
 

@@ -35,14 +35,15 @@ class CountingProvider : public Provider {
   void begin() override { real_->begin(); }
   void commit() override { real_->commit(); }
   void rollback() override { real_->rollback(); }
-  std::optional<BaseTable> baseTable(std::string_view statement) override {
+  std::optional<std::string> baseTable(std::string_view statement) override {
     ++counts().baseTables;
     return real_->baseTable(statement);
   }
-  void insert(const BaseTable& table, const std::vector<Assignment>& row) override {
+  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
+  void insert(const std::string& table, const std::vector<Assignment>& row) override {
     real_->insert(table, row);
   }
-  void update(const BaseTable& table, const std::vector<Assignment>& key,
+  void update(const std::string& table, const std::vector<Assignment>& key,
               const std::vector<Assignment>& row) override {
     real_->update(table, key, row);
   }

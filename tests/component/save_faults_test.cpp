@@ -49,14 +49,15 @@ class FaultyProvider : public ado::Provider {
     real_->commit();
   }
   void rollback() override { real_->rollback(); }
-  std::optional<ado::BaseTable> baseTable(std::string_view statement) override {
+  std::optional<std::string> baseTable(std::string_view statement) override {
     return real_->baseTable(statement);
   }
-  void insert(const ado::BaseTable& table, const std::vector<ado::Assignment>& row) override {
+  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
+  void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
     faults.request();
     real_->insert(table, row);
   }
-  void update(const ado::BaseTable& table, const std::vector<ado::Assignment>& key,
+  void update(const std::string& table, const std::vector<ado::Assignment>& key,
               const std::vector<ado::Assignment>& row) override {
     faults.request();
     real_->update(table, key, row);

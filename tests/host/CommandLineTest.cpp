@@ -114,7 +114,8 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {showing("payroll.db", "7"), "knows no company 7"},
       {showing("payroll.db", "70000"), "--company"},
       {showing("payroll.db", "1", "2026/02/30"), "2026/02/30"},
-      {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"), "No database of this program"},
+      {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"),
+       "file not found. Name an installed driver"},
   };
   const auto before = contents();
   for (const auto& one : cases) {

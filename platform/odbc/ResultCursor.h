@@ -1,0 +1,54 @@
+// The rows of one statement, fetched one at a time.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/ado/Provider.h"
+#include "platform/odbc/Session.h"
+
+namespace payslate::odbc {
+
+class ResultCursor : public ado::Cursor {
+ public:
+  /// `statement` is kept when the rows can be asked for again: a query that nobody has read from makes room
+  /// for other statements, and is sent once more when somebody does.
+  ResultCursor(Session& session, Session::Result result, std::string statement);
+  ~ResultCursor() override;
+  ResultCursor(const ResultCursor&) = delete;
+  ResultCursor& operator=(const ResultCursor&) = delete;
+
+  [[nodiscard]] const std::vector<ado::Column>& columns() const override { return columns_; }
+  bool next() override;
+  [[nodiscard]] basic::Value value(std::size_t column) const override;
+
+  /// Lets go of the connection: remaining rows are read into memory, a query not read from is given up for
+  /// now.
+  void settle();
+  /// Its connection goes away.
+  void detach();
+
+ private:
+  using Row = std::vector<basic::Value>;
+  enum class State { Fresh, GivenUp, Reading, Settled, Done, Detached };
+
+  void describe(std::int16_t count);
+  bool fetch();
+  [[nodiscard]] basic::Value read(std::size_t column) const;
+  [[nodiscard]] std::string readText(std::size_t column, bool& isNull) const;
+
+  Session* session_;
+  std::unique_ptr<Handle> handle_;
+  std::string statement_;
+  std::vector<ado::Column> columns_;
+  State state_ = State::Fresh;
+  Row current_;
+  std::deque<Row> pending_;     // of settled cursors
+  std::exception_ptr failure_;  // what stopped the reading ahead; raised behind the pending rows
+};
+
+}  // namespace payslate::odbc
