@@ -53,9 +53,14 @@ class Commands {
   void addDemo() {
     CLI::App* parser =
         app_.add_subcommand("demo", "Opens the demo company, which is made if it is not there");
+    CLI::Option* connect =
+        parser->add_option("--connect", words_.demo.connect,
+                           "An empty database to fill with the demo companies, without opening it");
     parser->add_option("--database", words_.demo.database, "The demo company's database file")
-        ->capture_default_str();
-    parser->add_option("--screens", words_.demo.screens, "A folder for pictures of every window");
+        ->capture_default_str()
+        ->excludes(connect);
+    parser->add_option("--screens", words_.demo.screens, "A folder for pictures of every window")
+        ->excludes(connect);
     commands_.emplace_back(parser, [this] { return demo(words_.demo, makeScreen_, out_); });
   }
 

@@ -50,14 +50,17 @@ bool hasRow(ado::Connection& connection, const std::string& statement) {
   return !rows.Eof();
 }
 
+constexpr const char* noSuchTable = "42S02";
 constexpr const char* payrollProbe = "select tablename, linktablename from linkTable where 1 = 0";
 
 bool holdsPayroll(ado::Connection& connection) {
   try {
     connection.Execute(payrollProbe);
     return true;
-  } catch (const ado::Error&) {
-    return false;  // There is no such table: the one thing that this asks.
+  } catch (const ado::Error& error) {
+    if (error.SQLState == noSuchTable) return false;
+    throw Refusal("It cannot be told whether the database holds payroll tables: " +
+                  trimmedEnd(error.Description) + ".");
   }
 }
 

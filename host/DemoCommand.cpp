@@ -31,12 +31,14 @@ scripted::Session demoSession() {
   return {1, 1, 40001, 2026, DemoMonth().last, "Payroll"};
 }
 
+void fill(ado::Connection& empty) {
+  schema::create(empty);
+  schema::fillDemo(empty);
+}
+
 SharedConnection demoDatabase(const std::string& path, std::ostream& out) {
   if (!isMissingFile(path)) return openPayroll(path);
-  SharedConnection connection = createPayroll(path, [](ado::Connection& empty) {
-    schema::create(empty);
-    schema::fillDemo(empty);
-  });
+  SharedConnection connection = createPayroll(path, fill);
   out << "The demo companies are created in " << path << ".\n";
   return connection;
 }
@@ -172,6 +174,12 @@ void makeFolder(const std::string& folder) {
 }  // namespace
 
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out) {
+  if (!wish.connect.empty()) {
+    createPayroll(wish.connect, fill);
+    out << "The demo companies are created. payroll-host show opens them: --company 1 --user 1"
+           " --interface 40001 --year 2026 --date 2026/04/30.\n";
+    return ExitCode::Ok;
+  }
   if (!wish.screens.empty()) makeFolder(wish.screens);
   const SharedConnection connection = demoDatabase(wish.database, out);
   requireCompany(*connection, demoSession().company);

@@ -1,4 +1,4 @@
-// Performs every recorded case on the embedded engine: those of this folder, and those of the folder that the
+// Performs every recorded case: those of this folder, and those of the folder that the
 // environment names in PAYSLATE_TSQL_CASES.
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "platform/ado/Error.h"
+#include "platform/ado/Provider.h"
 #include "platform/basic/Numbers.h"
-#include "platform/sqlite/SqliteProvider.h"
 #include "tests/tsql/CaseFile.h"
 
 namespace payslate::test {
@@ -87,7 +87,7 @@ std::vector<std::string> caseFiles() {
 class RecordedCases : public testing::TestWithParam<std::string> {};
 
 TEST_P(RecordedCases, GiveTheServersAnswers) {
-  const std::unique_ptr<ado::Provider> provider = sqlite::providerEntry().open(":memory:");
+  const std::unique_ptr<ado::Provider> provider = ado::openProvider(":memory:");
   for (const std::string& statement : readSetup(setupOf(GetParam()))) provider->execute(statement);
   const std::vector<Case> cases = readCases(GetParam());
   ASSERT_FALSE(cases.empty());

@@ -1,0 +1,103 @@
+// Linked into a test program, this makes its ":memory:" the empty database of a server where
+// PAYSLATE_TEST_CONNECT holds a connection string; what the program created there is dropped when the
+// connection closes.
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/ado/Error.h"
+#include "platform/ado/Provider.h"
+#include "platform/basic/Numbers.h"
+
+namespace payslate::ado {
+namespace {
+
+constexpr const char* inMemory = ":memory:";
+
+const char* testServer() {
+  return std::getenv("PAYSLATE_TEST_CONNECT");
+}
+
+/// Forwards everything and remembers what was created.
+class CleaningProvider : public Provider {
+ public:
+  explicit CleaningProvider(std::unique_ptr<Provider> real) : real_(std::move(real)) {}
+  ~CleaningProvider() override {
+    try {
+      if (inTransaction_) rollback();
+      while (!created_.empty()) {
+        const std::string last = created_.back();
+        created_.pop_back();
+        real_->execute("drop " + last);
+      }
+    } catch (const Error& error) {
+      std::cerr << "The test leaves something behind: " << error.Description << '\n';
+    }
+  }
+  CleaningProvider(const CleaningProvider&) = delete;
+  CleaningProvider& operator=(const CleaningProvider&) = delete;
+
+  std::unique_ptr<Cursor> execute(std::string_view statement) override {
+    std::unique_ptr<Cursor> cursor = real_->execute(statement);
+    note(statement);
+    return cursor;
+  }
+  void begin() override {
+    real_->begin();
+    inTransaction_ = true;
+    createdBefore_ = created_;
+  }
+  void commit() override {
+    real_->commit();
+    inTransaction_ = false;
+  }
+  void rollback() override {
+    real_->rollback();
+    inTransaction_ = false;
+    created_ = createdBefore_;
+  }
+  std::optional<std::string> baseTable(std::string_view statement) override {
+    return real_->baseTable(statement);
+  }
+  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
+  void insert(const std::string& table, const std::vector<Assignment>& row) override {
+    real_->insert(table, row);
+  }
+  void update(const std::string& table, const std::vector<Assignment>& key,
+              const std::vector<Assignment>& row) override {
+    real_->update(table, key, row);
+  }
+
+ private:
+  void note(std::string_view statement) {
+    std::istringstream words{std::string(statement)};
+    std::string verb;
+    std::string kind;
+    std::string name;
+    words >> verb >> kind >> name;
+    kind = basic::lower(kind);
+    if (kind != "table" && kind != "view" && kind != "procedure") return;
+    const std::string object = kind + " " + basic::lower(name.substr(0, name.find('(')));
+    if (basic::sameName(verb, "create")) created_.push_back(object);
+    if (basic::sameName(verb, "drop")) std::erase(created_, object);
+  }
+
+  std::unique_ptr<Provider> real_;
+  std::vector<std::string> created_;
+  std::vector<std::string> createdBefore_;  // the transaction
+  bool inTransaction_ = false;
+};
+
+const bool registered = [] {
+  if (testServer() == nullptr) return false;
+  registerProvider({"test server", [](std::string_view text) { return text == inMemory; },
+                    [](const std::string&) -> std::unique_ptr<Provider> {
+                      return std::make_unique<CleaningProvider>(openProvider(testServer()));
+                    }});
+  return true;
+}();
+
+}  // namespace
+}  // namespace payslate::ado
