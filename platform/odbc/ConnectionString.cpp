@@ -2,6 +2,7 @@
 #include "platform/odbc/ConnectionString.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "platform/basic/Numbers.h"
 
@@ -33,6 +34,14 @@ std::string takeValue(const std::string& text, std::size_t& at) {
   return value;
 }
 
+// A short password is also a part of other words, which have to stay readable.
+bool standsAlone(const std::string& text, std::size_t at, std::size_t length) {
+  const auto isLetter = [&text](std::size_t place) {
+    return place < text.size() && std::isalnum(static_cast<unsigned char>(text[place])) != 0;
+  };
+  return (at == 0 || !isLetter(at - 1)) && !isLetter(at + length);
+}
+
 }  // namespace
 
 ConnectionString::ConnectionString(std::string text) : text_(std::move(text)) {
@@ -61,9 +70,11 @@ std::string ConnectionString::withoutSecrets(std::string message) const {
     const bool secret = std::any_of(std::begin(secretKeys), std::end(secretKeys),
                                     [&part](const char* key) { return basic::sameName(part.key, key); });
     if (!secret || part.value.empty()) continue;
-    for (std::size_t at = message.find(part.value); at != std::string::npos;
-         at = message.find(part.value, at))
-      message.replace(at, part.value.size(), blot);
+    for (std::size_t at = 0; (at = message.find(part.value, at)) != std::string::npos;) {
+      const bool whole = standsAlone(message, at, part.value.size());
+      if (whole) message.replace(at, part.value.size(), blot);
+      at += whole ? std::string_view(blot).size() : 1;
+    }
   }
   return message;
 }

@@ -79,7 +79,7 @@ class CleaningProvider : public Provider {
     words >> verb >> kind >> name;
     kind = basic::lower(kind);
     if (kind != "table" && kind != "view" && kind != "procedure") return;
-    const std::string object = kind + " " + basic::lower(name.substr(0, name.find('(')));
+    const std::string object = kind + " " + basic::lower(name.substr(0, name.find_first_of("(;")));
     if (basic::sameName(verb, "create")) created_.push_back(object);
     if (basic::sameName(verb, "drop")) std::erase(created_, object);
   }
