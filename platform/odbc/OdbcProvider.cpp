@@ -12,6 +12,7 @@ namespace payslate::odbc {
 namespace {
 
 constexpr const char* source = "payslate.odbc";
+constexpr std::int32_t noTransactionToRollBack = 3903;
 
 [[noreturn]] void refuse(const std::string& sentence, const char* sqlState) {
   throw ado::Error(sentence, sqlState, source);
@@ -32,6 +33,7 @@ class OdbcProvider : public ado::Provider {
   OdbcProvider& operator=(const OdbcProvider&) = delete;
 
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
+    returnToAutoCommit();
     const bool query = beginsWith(statement, "select");
     // Whoever computes with a query must not change anything by it.
     if (query && holdsSecondStatement(statement))
@@ -43,8 +45,10 @@ class OdbcProvider : public ado::Provider {
 
   void begin() override {
     if (inTransaction_) refuse("A transaction is open already.", "25001");
+    returnToAutoCommit();
     session_.settleCursors();
     session_.setAutoCommit(false);
+    autoCommit_ = false;
     inTransaction_ = true;
   }
 
@@ -61,8 +65,9 @@ class OdbcProvider : public ado::Provider {
       session_.settleCursors();
       try {
         session_.endTransaction(false);
-      } catch (const ado::Error&) {
-        if (!session_.isLost()) throw;
+      } catch (const ado::Error& error) {
+        // A server that chose this transaction as its victim has rolled it back already.
+        if (error.NativeError != noTransactionToRollBack && !session_.isLost()) throw;
       }
     }
     leaveTransaction();
@@ -75,10 +80,12 @@ class OdbcProvider : public ado::Provider {
   std::vector<std::string> key(const std::string& table) override {
     const auto known = keys_.find(table);
     if (known != keys_.end()) return known->second;
+    returnToAutoCommit();
     return keys_[table] = session_.keyColumns(table);
   }
 
   void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
+    returnToAutoCommit();
     std::string names;
     std::string places;
     for (const ado::Assignment& assignment : row) {
@@ -94,6 +101,7 @@ class OdbcProvider : public ado::Provider {
               const std::vector<ado::Assignment>& row) override {
     if (key.empty()) refuse("The table " + table + " has no primary key to find the row by.", "HY000");
     if (row.empty()) return;
+    returnToAutoCommit();
     std::vector<basic::Value> values = valuesOf(row);
     const std::vector<basic::Value> place = valuesOf(key);
     values.insert(values.end(), place.begin(), place.end());
@@ -118,14 +126,34 @@ class OdbcProvider : public ado::Provider {
     return list;
   }
 
+  // The transaction has ended, whatever becomes of this: the next request tries again, and reports.
   void leaveTransaction() {
     inTransaction_ = false;
-    if (!session_.isLost()) session_.setAutoCommit(true);
+    try {
+      returnToAutoCommit();
+    } catch (const ado::Error&) {
+      autoCommit_ = false;
+    }
+  }
+
+  // On the way back drivers roll back what they take for open. Where the server has done it already they fail
+  // and stay: they are given something to roll back.
+  void returnToAutoCommit() {
+    if (autoCommit_ || inTransaction_) return;
+    try {
+      session_.setAutoCommit(true);
+    } catch (const ado::Error& error) {
+      if (error.NativeError != noTransactionToRollBack) throw;
+      session_.run("begin transaction");
+      session_.setAutoCommit(true);
+    }
+    autoCommit_ = true;
   }
 
   Session session_;
   std::map<std::string, std::vector<std::string>> keys_;
   bool inTransaction_ = false;
+  bool autoCommit_ = true;  ///< Of the driver; outside of transactions it must be.
 };
 
 }  // namespace

@@ -8,6 +8,26 @@
 
 namespace payslate::odbc {
 
+namespace {
+
+// Five digits, each from a table of ten, in the order of the numbers.
+std::string numbersByDigits() {
+  std::string number = "1";
+  std::string tables;
+  int weight = 10'000;
+  for (const char digit : {'a', 'b', 'c', 'd', 'e'}) {
+    number += std::string(" + ") + digit + ".n * " + std::to_string(weight);
+    weight /= 10;
+    tables += std::string(tables.empty() ? "" : ", ") + "(select 0 n";
+    for (int n = 1; n < 10; ++n) tables += " union all select " + std::to_string(n);
+    tables += std::string(") ") + digit;
+  }
+  return "select " + number + ", '" + std::string(100, 'x') + "', 1 / (100000 - (" + number + ")) from " +
+         tables;
+}
+
+}  // namespace
+
 const std::vector<Backend>& backends() {
   static const std::vector<Backend> all = [] {
     std::vector<Backend> found;
@@ -20,6 +40,8 @@ const std::vector<Backend>& backends() {
     if (const char* postgres = std::getenv("PAYSLATE_ODBC_POSTGRES"))
       found.push_back({"postgres", std::string(postgres) + ";UseDeclareFetch=1;Fetch=500", 1'000'000,
                        "select n, repeat('x', 100), 1 / (1000000 - n) from generate_series(1, 1000000) n"});
+    if (const char* server = std::getenv("PAYSLATE_ODBC_TSQL"))
+      found.push_back({"tsql", server, 100'000, numbersByDigits(), "datetime"});
     return found;
   }();
   return all;

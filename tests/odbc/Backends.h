@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,14 @@
 namespace payslate::odbc {
 
 struct Backend {
+  friend void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }
+
   std::string name;
   std::string connection;
   int rows = 0;
   std::string numbers;  ///< A query for 1 to `rows`, each with a text of 100 letters; the last cannot be had.
+
+  std::string moment = "timestamp";  ///< Its type of a date with a time of day.
 
   /// Its driver reads decimals as doubles.
   [[nodiscard]] bool roundsDecimals() const { return name == "sqlite"; }
@@ -23,7 +28,8 @@ struct Backend {
   [[nodiscard]] bool takesAnyText() const { return name == "sqlite"; }
 };
 
-/// SQLite always; PostgreSQL where PAYSLATE_ODBC_POSTGRES holds a connection string.
+/// SQLite always; PostgreSQL and a server that speaks Transact-SQL where PAYSLATE_ODBC_POSTGRES and
+/// PAYSLATE_ODBC_TSQL hold connection strings.
 const std::vector<Backend>& backends();
 
 std::unique_ptr<ado::Provider> open(const std::string& connection);

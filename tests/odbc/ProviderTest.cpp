@@ -16,10 +16,11 @@ class OdbcProvider : public testing::TestWithParam<Backend> {
  protected:
   void SetUp() override {
     provider_ = open(GetParam().connection);
-    provider_->execute("drop table if exists pay");
+    errorOf([&] { provider_->execute("drop table pay"); });  // of a test that was cut short
     provider_->execute(
-        "create table pay (company smallint not null, id int not null, name varchar(20), amount decimal(18,2), paid "
-        "timestamp, rate double precision, primary key (id, company))");
+        "create table pay (company smallint not null, id int not null, name varchar(20), amount "
+        "decimal(18,2), paid " +
+        GetParam().moment + ", rate float, primary key (id, company))");
   }
   void TearDown() override {
     if (provider_) provider_->execute("drop table pay");
@@ -80,7 +81,7 @@ TEST_P(OdbcProvider, ValuesComeInTheKindOfTheirColumn) {
 TEST_P(OdbcProvider, LongTextsComeWhole) {
   std::string text;
   for (int i = 0; i < 20'000; ++i) text += i % 7 == 0 ? "\u00e9" : "abc";
-  provider_->execute("drop table if exists letters");
+  errorOf([&] { provider_->execute("drop table letters"); });
   provider_->execute("create table letters (body text)");
   provider_->insert("letters", {{"body", text}});
   EXPECT_EQ(first(*provider_, "select body from letters"), text);
@@ -90,17 +91,19 @@ TEST_P(OdbcProvider, LongTextsComeWhole) {
 TEST_P(OdbcProvider, TextIsConvertedOrRefusedByTheServer) {
   insert(1, "amount", std::string("1500.25"));
   EXPECT_EQ(value("amount", 1), "1500.25");
-  insert(2, "paid", std::string("2006-04-30 00:00:00"));
+  insert(2, "paid", std::string("2006-04-30"));
   EXPECT_EQ(value("paid", 2), "2006/04/30");
   insert(3, "name", 12.25);
   EXPECT_EQ(value("name", 3), "12.25");
   insert(4, "name", std::string());
   EXPECT_EQ(value("name", 4), "");
   if (GetParam().takesAnyText()) return;
-  EXPECT_EQ(errorOf([&] { insert(5, "amount", std::string("much")); }).substr(0, 2), "22");
-  EXPECT_EQ(errorOf([&] { insert(5, "paid", std::string("soon")); }).substr(0, 2), "22");
-  EXPECT_EQ(errorOf([&] { insert(5, "name", std::string(21, 'x')); }).substr(0, 5), "22001");
-  EXPECT_EQ(errorOf([&] { insert(5, "amount", 1e17); }).substr(0, 5), "22003");
+  const std::pair<const char*, Value> wrong[] = {{"amount", std::string("much")},
+                                                 {"paid", std::string("soon")},
+                                                 {"name", std::string(21, 'x')},
+                                                 {"amount", 1e17}};
+  for (const auto& [column, text] : wrong)
+    EXPECT_NE(errorOf([&] { insert(5, column, text); }), "no error") << column;
   EXPECT_EQ(first(*provider_, "select count(*) from pay"), "4");
 }
 
