@@ -1,6 +1,7 @@
 // What a database implements to stand behind a Connection.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -45,6 +46,9 @@ class Provider {
   /// Runs a statement. One that returns rows yields its cursor (nothing read yet); any other has run when
   /// this returns, and yields null. One statement a text: a second one is an error.
   virtual std::unique_ptr<Cursor> execute(std::string_view statement) = 0;
+  /// How many rows the insert, update or delete changed that `execute` ran last; nothing when the database does
+  /// not tell.
+  [[nodiscard]] virtual std::optional<std::uint64_t> changedRows() const { return std::nullopt; }
 
   virtual void begin() = 0;
   virtual void commit() = 0;  ///< When it fails, the transaction is still open.

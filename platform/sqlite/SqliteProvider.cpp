@@ -105,6 +105,10 @@ class SqliteProvider : public ado::Provider {
     return std::make_unique<RowCursor>(session_, std::move(prepared), translation->columns);
   }
 
+  [[nodiscard]] std::optional<std::uint64_t> changedRows() const override {
+    return static_cast<std::uint64_t>(session_.changedRows());
+  }
+
   void begin() override {
     if (session_.inTransaction()) refuse("A transaction is open already.", "25001");
     session_.run("BEGIN IMMEDIATE");
