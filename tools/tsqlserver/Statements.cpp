@@ -150,11 +150,11 @@ Outcome Statements::sendKey(const std::string& table, Reply& reply) {
     std::string quoted = table;
     for (std::size_t at = 0; (at = quoted.find(']', at)) != std::string::npos; at += 2)
       quoted.insert(at, "]");
-    if (const std::optional<ado::BaseTable> found = provider_.baseTable("select * from [" + quoted + "]")) {
-      for (const std::string& column : found->key) {
+    if (const std::optional<std::string> found = provider_.baseTable("select * from [" + quoted + "]")) {
+      for (const std::string& column : provider_.key(*found)) {
         const auto position = static_cast<std::int64_t>(rows.size() + 1);
         rows.push_back(
-            {std::string("payroll"), std::string("dbo"), found->name, column, position, "PK_" + found->name});
+            {std::string("payroll"), std::string("dbo"), *found, column, position, "PK_" + *found});
       }
     }
     MadeRows key({{"TABLE_QUALIFIER", ColumnType::Text},

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# The tests of the database on a server: the same programs, their databases in memory turned into the server's. Then
+# the demo companies, and several clerks at work in them. Usage: with-tsqlserver.sh SERVER on-server.sh BUILD-FOLDER
+set -euo pipefail
+build=$1
+tests=$(dirname "$0")/../../tests
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+# Drivers keep some memory until the process ends.
+export ASAN_OPTIONS=detect_leaks=0
+export PAYSLATE_TEST_CONNECT=$PAYSLATE_ODBC_TSQL
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+
+# One line each when it passes, and everything when it does not.
+step() {
+  "$@" >"$log" 2>&1 || { cat "$log"; echo "failed: $*"; exit 1; }
+  ! grep 'leaves something behind' "$log"
+  echo "passed: ${1##*/} ${*:2}"
+}
+
+for program in tsql/payslate_tsql_tests ado/payslate_ado_tests; do step "$build/tests/$program"; done
+step "$build/tests/schema/payslate_schema_tests" --gtest_filter='Schema.*'
+step "$build/tests/schema/payslate_schema_tests" --gtest_filter='DemoTest.*'
+for one in Statements SaveFaults WholeCompany Component; do
+  step "$build/tests/component/component_test" --gtest_filter="$one.*"
+done
+for errand in "$tests"/errands/*.errand; do
+  case "$errand" in */demo-company.errand | */region.errand) continue ;; esac
+  step "$build/tests/errands/payroll_host_tested" errand "$errand"
+done
+step "$build/tests/errands/payroll_host_tested" errand --window "$tests/errands/whole-month.errand"
+
+# An empty database, filled once; several clerks for some seconds.
+step "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL"
+! "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1
+grep -q 'holds payroll tables already' "$log"
+clerks=()
+for clerk in 0 1 2; do
+  "$build/tests/soak/payslate_soak" work "$PAYSLATE_ODBC_TSQL" "$clerk" 3 5 &
+  clerks+=($!)
+done
+for clerk in "${clerks[@]}"; do wait "$clerk"; done
+step "$build/tests/soak/payslate_soak" check "$PAYSLATE_ODBC_TSQL"
