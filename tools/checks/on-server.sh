@@ -31,13 +31,6 @@ done
 step "$build/tests/errands/payroll_host_tested" errand --window "$tests/errands/whole-month.errand"
 
 # An empty database, filled once; several clerks for some seconds.
-step "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL"
+step "$(dirname "$0")/soak.sh" "$build" 3 5
 ! "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1
 grep -q 'holds payroll tables already' "$log"
-clerks=()
-for clerk in 0 1 2; do
-  "$build/tests/soak/payslate_soak" work "$PAYSLATE_ODBC_TSQL" "$clerk" 3 5 &
-  clerks+=($!)
-done
-for clerk in "${clerks[@]}"; do wait "$clerk"; done
-step "$build/tests/soak/payslate_soak" check "$PAYSLATE_ODBC_TSQL"
