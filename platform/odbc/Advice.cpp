@@ -48,7 +48,7 @@ constexpr Advice table[] = {
 }  // namespace
 
 std::string adviceFor(const std::string& state, std::int32_t native) {
-  const auto found = std::find_if(std::begin(table), std::end(table), [&](const Advice& advice) {
+  const Advice* const found = std::find_if(std::begin(table), std::end(table), [&](const Advice& advice) {
     return state.starts_with(advice.state) && (advice.native == anyCode || advice.native == native);
   });
   return found == std::end(table) ? std::string() : found->sentence;

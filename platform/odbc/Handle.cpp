@@ -66,7 +66,8 @@ std::optional<Handle::Diagnosis> Handle::record(int number) const {
       SQLGetDiagRecW(static_cast<SQLSMALLINT>(kind_), handle_, static_cast<SQLSMALLINT>(number), state.data(),
                      &native, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
   if (!SQL_SUCCEEDED(code)) return std::nullopt;
-  const std::size_t characters = std::min<std::size_t>(length < 0 ? 0 : length, text.size() - 1);
+  const auto given = static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0));
+  const std::size_t characters = std::min(given, text.size() - 1);
   return Diagnosis{utf8(state.data(), stateLength), native, withoutOrigin(utf8(text.data(), characters))};
 }
 

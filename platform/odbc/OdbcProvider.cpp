@@ -18,13 +18,13 @@ constexpr std::int32_t noTransactionToRollBack = 3903;
   throw ado::Error(sentence, sqlState, source);
 }
 
-class OdbcProvider : public ado::Provider {
+class OdbcProvider final : public ado::Provider {
  public:
   explicit OdbcProvider(const ConnectionString& connection) : session_(connection) {}
 
   ~OdbcProvider() override {
     try {
-      if (inTransaction_) rollback();
+      if (inTransaction_) OdbcProvider::rollback();
     } catch (const ado::Error&) {
       // The server rolls back what a connection leaves open.
     }
@@ -114,6 +114,7 @@ class OdbcProvider : public ado::Provider {
  private:
   static std::vector<basic::Value> valuesOf(const std::vector<ado::Assignment>& assignments) {
     std::vector<basic::Value> values;
+    values.reserve(assignments.size());
     for (const ado::Assignment& assignment : assignments) values.push_back(assignment.value);
     return values;
   }

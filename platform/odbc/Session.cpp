@@ -23,8 +23,8 @@ constexpr SQLULEN loginSeconds = 15;
 constexpr SQLULEN querySeconds = 30;
 
 SQLPOINTER attribute(SQLULEN value) {
-  return reinterpret_cast<SQLPOINTER>(
-      value);  // NOLINT(performance-no-int-to-ptr): how the interface passes it
+  // How the interface passes numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+  return reinterpret_cast<SQLPOINTER>(value);
 }
 
 SQLWCHAR* units(std::u16string& text) {
@@ -120,7 +120,7 @@ std::unique_ptr<Handle> Session::newStatement() {
   return statement;
 }
 
-bool Session::nextResult(const Handle& statement) {
+bool Session::nextResult(const Handle& statement) const {
   const SQLRETURN code = SQLMoreResults(statement.get());
   check(code, statement);
   return code != SQL_NO_DATA;
@@ -178,6 +178,7 @@ std::vector<std::string> Session::keyColumns(const std::string& table) {
     columns[position] = fromWide(std::u16string(column.begin(), end));
   }
   std::vector<std::string> names;
+  names.reserve(columns.size());
   for (const auto& [position, column] : columns) names.push_back(column);
   return names;
 }

@@ -36,7 +36,7 @@ class Session {
   Result run(std::string_view text, const std::vector<basic::Value>& parameters = {});
   /// Moves to the statement's next result; false when there is none. Reports what failed behind the first
   /// one.
-  bool nextResult(const Handle& statement);
+  bool nextResult(const Handle& statement) const;
   /// Columns of a table's primary key, in their order.
   std::vector<std::string> keyColumns(const std::string& table);
 

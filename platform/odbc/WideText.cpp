@@ -49,7 +49,8 @@ std::string fromWide(std::u16string_view text) {
     if (!isHigh(unit) && !isLow(unit)) {
       characters += unit;
     } else if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1])) {
-      characters += firstBeyond + ((unit - firstHigh) << lowBits) + (text[++i] - firstLow);
+      const char32_t low = text[++i] - firstLow;
+      characters += static_cast<char32_t>(firstBeyond + ((unit - firstHigh) << lowBits) + low);
     } else {
       characters += replacement;
     }

@@ -102,8 +102,8 @@ TEST_P(OdbcProvider, TextIsConvertedOrRefusedByTheServer) {
                                                  {"paid", std::string("soon")},
                                                  {"name", std::string(21, 'x')},
                                                  {"amount", 1e17}};
-  for (const auto& [column, text] : wrong)
-    EXPECT_NE(errorOf([&] { insert(5, column, text); }), "no error") << column;
+  for (const auto& one : wrong)
+    EXPECT_NE(errorOf([&] { insert(5, one.first, one.second); }), "no error") << one.first;
   EXPECT_EQ(first(*provider_, "select count(*) from pay"), "4");
 }
 

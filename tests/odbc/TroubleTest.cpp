@@ -72,11 +72,11 @@ TEST_F(OdbcServer, ErrorsAreTheServersOwnAndLeaveTheConnectionUsable) {
       {"select * from nowhere", {"42P01", "nowhere"}},
       {"insert into pay values (1, 5)", {"23505", "pay_pkey", "Another user may have stored the same"}},
   };
-  for (const auto& [statement, parts] : cases) {
+  for (const auto& one : cases) {
     const std::string error = errorOf([&] {
-      if (const auto cursor = provider_->execute(statement)) cursor->next();
+      if (const auto cursor = provider_->execute(one.first)) cursor->next();
     });
-    expectParts(error, parts);
+    expectParts(error, one.second);
     EXPECT_EQ(error.find('['), std::string::npos)
         << "the names of driver and manager are of no use: " << error;
     EXPECT_EQ(first(*provider_, "select count(*) from pay"), "2");

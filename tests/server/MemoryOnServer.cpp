@@ -21,12 +21,12 @@ const char* testServer() {
 }
 
 /// Forwards everything and remembers what was created.
-class CleaningProvider : public Provider {
+class CleaningProvider final : public Provider {
  public:
   explicit CleaningProvider(std::unique_ptr<Provider> real) : real_(std::move(real)) {}
   ~CleaningProvider() override {
     try {
-      if (inTransaction_) rollback();
+      if (inTransaction_) CleaningProvider::rollback();
       while (!created_.empty()) {
         const std::string last = created_.back();
         created_.pop_back();

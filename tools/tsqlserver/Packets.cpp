@@ -29,11 +29,11 @@ void Packets::setSize(std::size_t size) {
   size_ = std::clamp(size, smallestPacket, largestPacket);
 }
 
-void Packets::shutDown() {
+void Packets::shutDown() const {
   shutdown(socket_, SHUT_RDWR);
 }
 
-void Packets::readExactly(char* to, std::size_t size) {
+void Packets::readExactly(char* to, std::size_t size) const {
   while (size > 0) {
     const ssize_t got = recv(socket_, to, size, 0);
     if (got < 0 && errno == EINTR) continue;

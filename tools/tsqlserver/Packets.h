@@ -40,7 +40,7 @@ class Packets {
   void setSize(std::size_t size);
   [[nodiscard]] std::size_t size() const { return size_; }
   /// Lets other threads end a client: everything it waits for fails from now on.
-  void shutDown();
+  void shutDown() const;
 
   /// The next message; waits for it.
   Message receive();
@@ -53,7 +53,7 @@ class Packets {
   [[noreturn]] void awaitAttention();
 
  private:
-  void readExactly(char* to, std::size_t size);
+  void readExactly(char* to, std::size_t size) const;
   void sendPacket(std::string_view payload, bool last);
   [[nodiscard]] bool hasInput() const;
 

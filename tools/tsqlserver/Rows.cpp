@@ -42,6 +42,7 @@ struct WireColumn {
 
 std::vector<WireColumn> undecided(const std::vector<ado::Column>& columns) {
   std::vector<WireColumn> described;
+  described.reserve(columns.size());
   for (const ado::Column& column : columns) described.push_back({column.type});
   return described;
 }

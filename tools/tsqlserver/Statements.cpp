@@ -139,7 +139,7 @@ void Statements::describe(const std::string& text, Replacements variables, Reply
     if (const std::unique_ptr<ado::Cursor> cursor = provider_.execute(replaced(text, variables)))
       sendColumns(cursor->columns(), reply);
   } catch (const ado::Error&) {
-    return;
+    return;  // What is wrong with it is said when it runs.
   }
 }
 

@@ -41,7 +41,7 @@ class Reply {
   void error(const Fault& fault) { message(0xAA, fault); }
   void done(Closing closing, const Outcome& outcome, bool more = false);
   void attentionDone();
-  void returnStatus(std::int32_t status);
+  void returnStatus(std::int32_t value);
   /// An output parameter that holds a whole number of 32 bits.
   void returnValue(std::uint16_t position, const std::string& name, std::int32_t value);
 
@@ -52,7 +52,7 @@ class Reply {
   void transactionEnded(std::uint64_t descriptor, bool committed);
 
  private:
-  void message(std::uint8_t token, const Fault& fault);
+  void message(std::uint8_t kind, const Fault& fault);
   void environmentChanged(std::uint8_t what, std::string_view newValue, std::string_view oldValue);
 
   Packets& packets_;
