@@ -81,35 +81,19 @@ void ResultCursor::describe(std::int16_t count) {
 }
 
 bool ResultCursor::next() {
-  switch (state_) {
-    case State::Detached:
-      throw ado::Error("The connection of these rows is closed.", "08003", source);
-    case State::Done:
-      return false;
-    case State::Settled:
-      if (!pending_.empty()) {
-        current_ = std::move(pending_.front());
-        pending_.pop_front();
-        return true;
-      }
-      state_ = State::Done;
-      if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-      return false;
-    case State::GivenUp:
-      handle_ = session_->run(statement_).statement;
-      break;
-    case State::Fresh:
-    case State::Reading:
-      break;
-  }
+  if (state_ == State::Detached) throw ado::Error("The connection of these rows is closed.", "08003", source);
+  if (state_ == State::Done) return false;
+  if (state_ == State::GivenUp) handle_ = session_->run(statement_).statement;
+  const State reading = state_ == State::Settled ? State::Settled : State::Reading;
   state_ = State::Done;  // Where an error leaves it.
-  if (!fetch()) return false;
-  state_ = State::Reading;
-  return true;
+  current_.reset();
+  current_ = reading == State::Settled ? pending_.take() : fetch();
+  if (current_) state_ = reading;
+  return current_.has_value();
 }
 
 // Columns are read once and from the left: not every driver can do it another way.
-bool ResultCursor::fetch() {
+std::optional<ado::ReadAhead::Row> ResultCursor::fetch() {
   const SQLRETURN code = SQLFetch(handle_->get());
   session_->check(code, *handle_);
   if (code == SQL_NO_DATA) {
@@ -119,9 +103,9 @@ bool ResultCursor::fetch() {
     handle_.reset();
     if (columns > 0)
       throw ado::Error("The text holds more than one statement that gives rows.", "42000", source);
-    return false;
+    return std::nullopt;
   }
-  Row row(columns_.size());
+  ado::ReadAhead::Row row(columns_.size());
   for (std::size_t column = 0; column < row.size(); ++column) {
     try {
       row[column] = read(column);
@@ -130,14 +114,13 @@ bool ResultCursor::fetch() {
                        source);
     }
   }
-  current_ = std::move(row);
-  return true;
+  return row;
 }
 
 basic::Value ResultCursor::value(std::size_t column) const {
-  if (column >= columns_.size() || (state_ != State::Reading && state_ != State::Settled))
+  if (column >= columns_.size() || !current_)
     throw ado::Error("There is no current row to read from.", "HY000", source);
-  return current_[column];
+  return (*current_)[column];
 }
 
 basic::Value ResultCursor::read(std::size_t column) const {
@@ -212,20 +195,14 @@ void ResultCursor::settle() {
     return;
   }
   if (state_ != State::Fresh && state_ != State::Reading) return;
-  const bool hasRow = state_ == State::Reading;
-  Row row = std::move(current_);
-  try {
-    while (fetch()) pending_.push_back(std::move(current_));
-  } catch (const ado::Error&) {
-    failure_ = std::current_exception();
-  }
+  pending_.fill([this] { return fetch(); });
   handle_.reset();
-  if (hasRow) current_ = std::move(row);
   state_ = State::Settled;
 }
 
 void ResultCursor::detach() {
   handle_.reset();
+  current_.reset();
   session_ = nullptr;
   state_ = State::Detached;
 }

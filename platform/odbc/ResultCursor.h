@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <exception>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/ado/Provider.h"
+#include "platform/ado/ReadAhead.h"
 #include "platform/odbc/Session.h"
 
 namespace payslate::odbc {
@@ -33,11 +33,10 @@ class ResultCursor : public ado::Cursor {
   void detach();
 
  private:
-  using Row = std::vector<basic::Value>;
   enum class State { Fresh, GivenUp, Reading, Settled, Done, Detached };
 
   void describe(std::int16_t count);
-  bool fetch();
+  std::optional<ado::ReadAhead::Row> fetch();
   [[nodiscard]] basic::Value read(std::size_t column) const;
   [[nodiscard]] std::string readText(std::size_t column, bool& isNull) const;
 
@@ -46,9 +45,8 @@ class ResultCursor : public ado::Cursor {
   std::string statement_;
   std::vector<ado::Column> columns_;
   State state_ = State::Fresh;
-  Row current_;
-  std::deque<Row> pending_;     // of settled cursors
-  std::exception_ptr failure_;  // what stopped the reading ahead; raised behind the pending rows
+  std::optional<ado::ReadAhead::Row> current_;
+  ado::ReadAhead pending_;  // of settled cursors
 };
 
 }  // namespace payslate::odbc

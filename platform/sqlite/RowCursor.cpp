@@ -24,19 +24,16 @@ bool RowCursor::next() {
     case State::Done:
       return false;
     case State::Settled:
-      if (!pending_.empty()) {
-        current_ = std::move(pending_.front());
-        pending_.pop_front();
-        return true;
-      }
-      state_ = State::Done;
-      if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-      return false;
+      state_ = State::Done;  // Where an error leaves it.
+      current_.reset();
+      current_ = pending_.take();
+      if (current_) state_ = State::Settled;
+      return current_.has_value();
     case State::Fresh:
     case State::Stepping:
       break;
   }
-  state_ = State::Done;  // Where an error leaves it.
+  state_ = State::Done;
   if (!statement_->step()) {
     statement_.reset();
     return false;
@@ -49,12 +46,12 @@ basic::Value RowCursor::value(std::size_t column) const {
   if (column >= columns_.size() || (state_ != State::Stepping && state_ != State::Settled)) {
     throw ado::Error("There is no current row to read from.", tsql::state::general, "payslate.sqlite");
   }
-  if (state_ == State::Settled) return current_[column];
+  if (state_ == State::Settled) return (*current_)[column];
   return toValue(statement_->column(column), columns_[column].type);
 }
 
-RowCursor::Row RowCursor::readRow() const {
-  Row row;
+ado::ReadAhead::Row RowCursor::readRow() const {
+  ado::ReadAhead::Row row;
   row.reserve(columns_.size());
   for (std::size_t i = 0; i < columns_.size(); ++i)
     row.push_back(toValue(statement_->column(i), columns_[i].type));
@@ -64,11 +61,7 @@ RowCursor::Row RowCursor::readRow() const {
 void RowCursor::settle() {
   if (state_ != State::Stepping) return;
   current_ = readRow();
-  try {
-    while (statement_->step()) pending_.push_back(readRow());
-  } catch (const ado::Error&) {
-    failure_ = std::current_exception();
-  }
+  pending_.fill([this] { return statement_->step() ? std::optional(readRow()) : std::nullopt; });
   statement_.reset();
   state_ = State::Settled;
 }

@@ -1,12 +1,12 @@
 // The rows of one statement, stepped one at a time.
 #pragma once
 
-#include <deque>
-#include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/ado/Provider.h"
+#include "platform/ado/ReadAhead.h"
 #include "platform/sqlite/Session.h"
 #include "platform/tsql/Ast.h"
 
@@ -30,18 +30,16 @@ class RowCursor : public ado::Cursor {
   void detach();
 
  private:
-  using Row = std::vector<basic::Value>;
   enum class State { Fresh, Stepping, Settled, Done, Detached };
 
-  [[nodiscard]] Row readRow() const;
+  [[nodiscard]] ado::ReadAhead::Row readRow() const;
 
   Session* session_;
   std::unique_ptr<Statement> statement_;
   std::vector<ado::Column> columns_;
   State state_ = State::Fresh;
-  Row current_;                 // Settled cursors only.
-  std::deque<Row> pending_;     // Likewise.
-  std::exception_ptr failure_;  // What stopped the reading ahead; raised behind the pending rows.
+  std::optional<ado::ReadAhead::Row> current_;  // Settled cursors only.
+  ado::ReadAhead pending_;                      // Likewise.
 };
 
 }  // namespace payslate::sqlite

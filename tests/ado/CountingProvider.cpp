@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/ado/Provider.h"
+#include "tests/ado/ForwardingProvider.h"
 
 namespace payslate::ado {
 namespace {
@@ -25,31 +25,17 @@ class CountingCursor : public Cursor {
   std::unique_ptr<Cursor> real_;
 };
 
-class CountingProvider : public Provider {
+class CountingProvider : public ForwardingProvider {
  public:
-  explicit CountingProvider(std::unique_ptr<Provider> real) : real_(std::move(real)) {}
+  using ForwardingProvider::ForwardingProvider;
   std::unique_ptr<Cursor> execute(std::string_view statement) override {
-    std::unique_ptr<Cursor> cursor = real_->execute(statement);
+    std::unique_ptr<Cursor> cursor = ForwardingProvider::execute(statement);
     return cursor ? std::make_unique<CountingCursor>(std::move(cursor)) : nullptr;
   }
-  void begin() override { real_->begin(); }
-  void commit() override { real_->commit(); }
-  void rollback() override { real_->rollback(); }
   std::optional<std::string> baseTable(std::string_view statement) override {
     ++counts().baseTables;
-    return real_->baseTable(statement);
+    return ForwardingProvider::baseTable(statement);
   }
-  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
-  void insert(const std::string& table, const std::vector<Assignment>& row) override {
-    real_->insert(table, row);
-  }
-  void update(const std::string& table, const std::vector<Assignment>& key,
-              const std::vector<Assignment>& row) override {
-    real_->update(table, key, row);
-  }
-
- private:
-  std::unique_ptr<Provider> real_;
 };
 
 }  // namespace

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/ado/Provider.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/ListView.h"
+#include "tests/ado/ForwardingProvider.h"
 #include "tests/component/DemoPayroll.h"
 
 namespace payslate {
@@ -32,39 +32,31 @@ struct Faults {
 
 Faults faults;
 
-class FaultyProvider : public ado::Provider {
+class FaultyProvider : public ado::ForwardingProvider {
  public:
-  explicit FaultyProvider(std::unique_ptr<ado::Provider> real) : real_(std::move(real)) {}
+  using ForwardingProvider::ForwardingProvider;
 
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
     faults.request();
-    return real_->execute(statement);
+    return ForwardingProvider::execute(statement);
   }
   void begin() override {
     faults.request();
-    real_->begin();
+    ForwardingProvider::begin();
   }
   void commit() override {
     faults.request();
-    real_->commit();
+    ForwardingProvider::commit();
   }
-  void rollback() override { real_->rollback(); }
-  std::optional<std::string> baseTable(std::string_view statement) override {
-    return real_->baseTable(statement);
-  }
-  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
   void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
     faults.request();
-    real_->insert(table, row);
+    ForwardingProvider::insert(table, row);
   }
   void update(const std::string& table, const std::vector<ado::Assignment>& key,
               const std::vector<ado::Assignment>& row) override {
     faults.request();
-    real_->update(table, key, row);
+    ForwardingProvider::update(table, key, row);
   }
-
- private:
-  std::unique_ptr<ado::Provider> real_;
 };
 
 // Everything of a form that a clerk can have typed or loaded.

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/ado/Error.h"
-#include "platform/ado/Provider.h"
 #include "platform/basic/Numbers.h"
+#include "tests/ado/ForwardingProvider.h"
 
 namespace payslate::ado {
 namespace {
@@ -21,16 +21,16 @@ const char* testServer() {
 }
 
 /// Forwards everything and remembers what was created.
-class CleaningProvider final : public Provider {
+class CleaningProvider final : public ForwardingProvider {
  public:
-  explicit CleaningProvider(std::unique_ptr<Provider> real) : real_(std::move(real)) {}
+  using ForwardingProvider::ForwardingProvider;
   ~CleaningProvider() override {
     try {
       if (inTransaction_) CleaningProvider::rollback();
       while (!created_.empty()) {
         const std::string last = created_.back();
         created_.pop_back();
-        real_->execute("drop " + last);
+        ForwardingProvider::execute("drop " + last);
       }
     } catch (const Error& error) {
       std::cerr << "The test leaves something behind: " << error.Description << '\n';
@@ -40,34 +40,23 @@ class CleaningProvider final : public Provider {
   CleaningProvider& operator=(const CleaningProvider&) = delete;
 
   std::unique_ptr<Cursor> execute(std::string_view statement) override {
-    std::unique_ptr<Cursor> cursor = real_->execute(statement);
+    std::unique_ptr<Cursor> cursor = ForwardingProvider::execute(statement);
     note(statement);
     return cursor;
   }
   void begin() override {
-    real_->begin();
+    ForwardingProvider::begin();
     inTransaction_ = true;
     createdBefore_ = created_;
   }
   void commit() override {
-    real_->commit();
+    ForwardingProvider::commit();
     inTransaction_ = false;
   }
   void rollback() override {
-    real_->rollback();
+    ForwardingProvider::rollback();
     inTransaction_ = false;
     created_ = createdBefore_;
-  }
-  std::optional<std::string> baseTable(std::string_view statement) override {
-    return real_->baseTable(statement);
-  }
-  std::vector<std::string> key(const std::string& table) override { return real_->key(table); }
-  void insert(const std::string& table, const std::vector<Assignment>& row) override {
-    real_->insert(table, row);
-  }
-  void update(const std::string& table, const std::vector<Assignment>& key,
-              const std::vector<Assignment>& row) override {
-    real_->update(table, key, row);
   }
 
  private:
@@ -84,7 +73,6 @@ class CleaningProvider final : public Provider {
     if (basic::sameName(verb, "drop")) std::erase(created_, object);
   }
 
-  std::unique_ptr<Provider> real_;
   std::vector<std::string> created_;
   std::vector<std::string> createdBefore_;  // the transaction
   bool inTransaction_ = false;
