@@ -79,10 +79,9 @@ bool frmDeductPopup::adding() const {
 
 // One goes before the other comes, or the window makes room for both.
 void frmDeductPopup::showAsText(bool asText) {
-  ui::Control& gone = asText ? static_cast<ui::Control&>(cboDeduct) : txtDeductionType;
-  ui::Control& shown = asText ? static_cast<ui::Control&>(txtDeductionType) : cboDeduct;
-  gone.Visible = false;
-  shown.Visible = true;
+  if (asText) cboDeduct.Visible = false;
+  txtDeductionType.Visible = asText;
+  cboDeduct.Visible = !asText;
 }
 
 void frmDeductPopup::optDeduction_Click() {

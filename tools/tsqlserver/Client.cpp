@@ -69,7 +69,7 @@ class Client {
     reply.done(Closing::Batch, statements_.run(text, {}, reply));
   }
 
-  void call(Reader request, Reply& reply) {
+  void call(const Reader& request, Reply& reply) {
     try {
       calls_.perform(request, reply);
     } catch (const ado::Error& error) {
