@@ -75,8 +75,7 @@ std::string replaced(std::string_view statement, const Replacements& replacement
   while (!statement.empty()) {
     const Piece piece = firstPiece(statement);
     statement.remove_prefix(piece.text.size());
-    const bool variable = piece.kind == PieceKind::Word && piece.text.front() == '@';
-    const auto found = variable ? replacements.find(basic::lower(piece.text)) : replacements.end();
+    const auto found = replacements.find(basic::lower(piece.text));  // Quoted texts have their quotes.
     text += found == replacements.end() ? std::string(piece.text) : found->second;
   }
   return text;
