@@ -22,7 +22,7 @@ bool isPath(const std::string& connect) {
 
 // Connection strings may hold passwords: only paths are repeated.
 std::string nameOf(const std::string& connect) {
-  return connect == inMemory || isPath(connect) ? "The database " + connect : "The database";
+  return connect == inMemory || isPath(connect) ? "The database " + pathOf(connect) : "The database";
 }
 
 std::string trimmedEnd(std::string sentence) {

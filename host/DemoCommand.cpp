@@ -31,14 +31,9 @@ scripted::Session demoSession() {
   return {1, 1, 40001, 2026, DemoMonth().last, "Payroll"};
 }
 
-void fill(ado::Connection& empty) {
-  schema::create(empty);
-  schema::fillDemo(empty);
-}
-
 SharedConnection demoDatabase(const std::string& path, std::ostream& out) {
   if (!isMissingFile(path)) return openPayroll(path);
-  SharedConnection connection = createPayroll(path, fill);
+  SharedConnection connection = createPayroll(path, schema::createDemo);
   out << "The demo companies are created in " << path << ".\n";
   return connection;
 }
@@ -175,7 +170,7 @@ void makeFolder(const std::string& folder) {
 
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out) {
   if (!wish.connect.empty()) {
-    createPayroll(wish.connect, fill);
+    createPayroll(wish.connect, schema::createDemo);
     out << "The demo companies are created. payroll-host show opens them: --company 1 --user 1"
            " --interface 40001 --year 2026 --date 2026/04/30.\n";
     return ExitCode::Ok;

@@ -1,4 +1,4 @@
-// Creating and filling the payroll database, each in one transaction.
+// Creating the payroll database, empty or filled, in one transaction.
 #include "schema/schema.h"
 
 #include <functional>
@@ -47,8 +47,9 @@ void create(ado::Connection& connection) {
   allOrNothing(connection, "The payroll tables were not created", [&] { run(connection, payroll()); });
 }
 
-void fillDemo(ado::Connection& connection) {
-  allOrNothing(connection, "The demo companies were not filled in", [&] {
+void createDemo(ado::Connection& connection) {
+  allOrNothing(connection, "The demo companies were not created", [&] {
+    run(connection, payroll());
     run(connection, demo());
     fillPeople(connection);
     fillAttendance(connection);

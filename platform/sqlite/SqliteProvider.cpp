@@ -53,7 +53,9 @@ Options parseOptions(const std::string& connection) {
     } else if (name == "busytimeout" && basic::IsNumeric(value)) {
       options.busyMilliseconds = basic::CLng(basic::Value(value));
     } else {
-      refuse("The option '" + option + "' of the connection string is not known.");
+      // What follows the name may be a password, of a string for another database.
+      refuse("The option '" + basic::Trim(option.substr(0, sign)) +
+             "' of the connection string is not known.");
     }
   }
   return options;

@@ -16,8 +16,7 @@ namespace payslate {
 struct DemoPayroll {
   explicit DemoPayroll(const std::string& database = ":memory:") {
     connection->Open(database);
-    schema::create(*connection);
-    schema::fillDemo(*connection);
+    schema::createDemo(*connection);
   }
 
   // Returns when the clerk has closed the list.

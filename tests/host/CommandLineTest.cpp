@@ -116,6 +116,12 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {showing("payroll.db", "1", "2026/02/30"), "2026/02/30"},
       {showing("Driver={No Such Driver};Server=127.0.0.1,1;PWD=secret"),
        "file not found. Name an installed driver"},
+      {showing("payroll;UID=clerk;PWD=secret"), "payroll does not exist"},
+      {{"init", "--connect", "pay.example,1433;PWD=secret"}, "'PWD' of the connection string"},
+      {{"init", "--connect", "a.db", "DSN=pay;password = {sec;ret}secret"},
+       "not expected: DSN=pay;password = ***"},
+      {{"DSN=pay;Pwd=secret"}, "no command DSN=pay;Pwd=***; use"},
+      {{"errand", "DSN=pay;PWD=secret"}, "DSN=pay;PWD=***"},
   };
   const auto before = contents();
   for (const auto& one : cases) {
