@@ -42,7 +42,8 @@ class Connection {
   [[nodiscard]] bool InTransaction() const;
 
   /// Told of every statement that is sent, before it is: texts, and "insert TABLE" or "update TABLE" for rows
-  /// written through a recordset. Transaction commands are not statements.
+  /// written through a recordset. Transaction commands are not statements;
+  /// what a provider sends once more for its driver's sake is not told again.
   std::function<void(std::string_view statement)> StatementSent;
 
  private:

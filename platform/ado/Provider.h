@@ -38,16 +38,18 @@ struct Assignment {
   basic::Value value;
 };
 
-/// One open database. Every failure is an ado::Error, after which the provider stays usable.
+/// One open database. Every failure is an ado::Error, after which the provider stays usable; in a transaction
+/// perhaps for a rollback alone.
 class Provider {
  public:
   virtual ~Provider() = default;
 
   /// Runs a statement. One that returns rows yields its cursor (nothing read yet); any other has run when
-  /// this returns, and yields null. One statement a text: a second one is an error.
+  /// this returns, and yields null. One statement a text: a second one behind a select, insert,
+  /// update or delete is an error.
   virtual std::unique_ptr<Cursor> execute(std::string_view statement) = 0;
-  /// How many rows the insert, update or delete changed that `execute` ran last; nothing when the database does
-  /// not tell.
+  /// How many rows the insert, update or delete changed that `execute` ran last; nothing when the database
+  /// does not tell.
   [[nodiscard]] virtual std::optional<std::uint64_t> changedRows() const { return std::nullopt; }
 
   virtual void begin() = 0;

@@ -6,7 +6,10 @@
 
 namespace payslate::odbc {
 
+/// What a connection was busy with.
+enum class Doing { Connecting, Working, Committing };
+
 /// A sentence for this SQLSTATE and native code; empty where the server's own text has to do.
-std::string adviceFor(const std::string& state, std::int32_t native);
+std::string adviceFor(const std::string& state, std::int32_t native, Doing doing = Doing::Working);
 
 }  // namespace payslate::odbc

@@ -9,10 +9,17 @@
 namespace payslate::odbc {
 namespace {
 
-constexpr const char* usualDriver = "Driver={FreeTDS};";
+// This driver ends what a silent server keeps waiting when it is told so here, and in no other way.
+constexpr const char* usualDriver = "Driver={FreeTDS};Timeout=60;";
 constexpr const char* blot = "***";
 constexpr const char* secretKeys[] = {"pwd", "password"};
 constexpr const char* driverKeys[] = {"driver", "dsn", "filedsn"};
+
+std::string trimmed(const std::string& text) {
+  constexpr const char* blanks = " \t\r\n";
+  const std::size_t start = text.find_first_not_of(blanks);
+  return start == std::string::npos ? "" : text.substr(start, text.find_last_not_of(blanks) + 1 - start);
+}
 
 // Reads the value that starts at `at` and moves behind its semicolon.
 std::string takeValue(const std::string& text, std::size_t& at) {
@@ -27,7 +34,7 @@ std::string takeValue(const std::string& text, std::size_t& at) {
     at = text.find(';', at);
   } else {
     const std::size_t end = text.find(';', at);
-    value = basic::Trim(text.substr(at, end == std::string::npos ? end : end - at));
+    value = trimmed(text.substr(at, end == std::string::npos ? end : end - at));
     at = end;
   }
   at = at == std::string::npos ? text.size() : at + 1;
@@ -48,9 +55,10 @@ ConnectionString::ConnectionString(std::string text) : text_(std::move(text)) {
   for (std::size_t at = 0; at < text_.size();) {
     const std::size_t sign = text_.find('=', at);
     if (sign == std::string::npos) break;
-    std::string key = basic::Trim(text_.substr(at, sign - at));
+    std::string key = text_.substr(at, sign - at);
+    key.erase(0, key.find_last_of(';') + 1);  // A part without "=" says nothing.
     at = sign + 1;
-    parts_.push_back({std::move(key), takeValue(text_, at)});
+    parts_.push_back({trimmed(key), takeValue(text_, at)});
   }
 }
 

@@ -13,7 +13,7 @@
 namespace payslate::odbc {
 namespace {
 
-constexpr std::size_t longestMessage = 4096;
+constexpr SQLSMALLINT longestMessage = 4096;
 constexpr std::size_t stateLength = 5;
 
 static_assert(static_cast<int>(Handle::Kind::Environment) == SQL_HANDLE_ENV &&
@@ -25,9 +25,18 @@ std::string utf8(const SQLWCHAR* text, std::size_t length) {
   return fromWide(std::u16string(text, text + length));
 }
 
-// Every program on the way back puts its name in brackets before the text.
+// A driver may tell the length that a longer text would have needed.
+std::size_t kept(SQLSMALLINT told) {
+  return std::min(static_cast<std::size_t>(std::max<SQLSMALLINT>(told, 0)), std::size_t{longestMessage} - 1);
+}
+
+// Every program on the way back puts its name in brackets before the text, and no blank behind it: a word in
+// brackets that the server's sentence begins with stays.
 std::string withoutOrigin(std::string text) {
-  while (text.starts_with('[') && text.find(']') != std::string::npos) text.erase(0, text.find(']') + 1);
+  for (std::size_t end = 0; text.starts_with('[') && (end = text.find(']')) != std::string::npos;) {
+    if (end + 1 < text.size() && text[end + 1] == ' ') break;
+    text.erase(0, end + 1);
+  }
   text.erase(0, text.find_first_not_of(" \r\n"));
   text.erase(text.find_last_not_of(" \r\n") + 1);
   return text;
@@ -57,25 +66,33 @@ void Handle::disconnect() {
   SQLDisconnect(handle_);
 }
 
-std::optional<Handle::Diagnosis> Handle::record(int number) const {
-  std::array<SQLWCHAR, stateLength + 1> state{};
-  std::array<SQLWCHAR, longestMessage> text{};
+std::optional<Handle::Diagnosis> Handle::record(int number, bool wide) const {
+  const auto kind = static_cast<SQLSMALLINT>(kind_);
+  const auto which = static_cast<SQLSMALLINT>(number);
   SQLINTEGER native = 0;
   SQLSMALLINT length = 0;
-  const SQLRETURN code =
-      SQLGetDiagRecW(static_cast<SQLSMALLINT>(kind_), handle_, static_cast<SQLSMALLINT>(number), state.data(),
-                     &native, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
-  if (!SQL_SUCCEEDED(code)) return std::nullopt;
-  const auto given = static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0));
-  const std::size_t characters = std::min(given, text.size() - 1);
-  return Diagnosis{utf8(state.data(), stateLength), native, withoutOrigin(utf8(text.data(), characters))};
+  if (wide) {
+    std::array<SQLWCHAR, stateLength + 1> state{};
+    std::array<SQLWCHAR, longestMessage> text{};
+    if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle_, which, state.data(), &native, text.data(),
+                                      longestMessage, &length)))
+      return std::nullopt;
+    return Diagnosis{utf8(state.data(), stateLength), native, withoutOrigin(utf8(text.data(), kept(length)))};
+  }
+  std::array<SQLCHAR, stateLength + 1> state{};
+  std::array<SQLCHAR, longestMessage> text{};
+  if (!SQL_SUCCEEDED(
+          SQLGetDiagRec(kind, handle_, which, state.data(), &native, text.data(), longestMessage, &length)))
+    return std::nullopt;
+  return Diagnosis{std::string(state.data(), state.data() + stateLength), native,
+                   withoutOrigin(std::string(text.data(), text.data() + kept(length)))};
 }
 
-std::optional<Handle::Diagnosis> Handle::failure() const {
+std::optional<Handle::Diagnosis> Handle::failure(bool wide) const {
   constexpr const char* remarks = "01";
   for (int number = 1;; ++number) {
-    std::optional<Diagnosis> found = record(number);
-    if (!found) return record(1);
+    std::optional<Diagnosis> found = record(number, wide);
+    if (!found) return record(1, wide);
     if (!found->state.starts_with(remarks)) return found;
   }
 }

@@ -30,10 +30,11 @@ class Handle {
     std::string text;
   };
   /// The first record that is an error and no remark, or else the first remark; nothing without any.
-  [[nodiscard]] std::optional<Diagnosis> failure() const;
+  /// A driver without wide functions is asked for bytes: it gives UTF-8.
+  [[nodiscard]] std::optional<Diagnosis> failure(bool wide = true) const;
 
  private:
-  [[nodiscard]] std::optional<Diagnosis> record(int number) const;
+  [[nodiscard]] std::optional<Diagnosis> record(int number, bool wide) const;
 
   Kind kind_;
   void* handle_ = nullptr;

@@ -4,6 +4,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -43,6 +44,11 @@ ado::ColumnType columnType(SQLSMALLINT type) {
   }
 }
 
+// A driver may tell the length that a longer name would have needed.
+std::size_t lengthOfName(SQLSMALLINT told) {
+  return std::min(static_cast<std::size_t>(std::max<SQLSMALLINT>(told, 0)), longestName - 1);
+}
+
 }  // namespace
 
 ResultCursor::ResultCursor(Session& session, Session::Result result, std::string statement)
@@ -68,13 +74,13 @@ void ResultCursor::describe(std::int16_t count) {
       session_->check(SQLDescribeColW(handle_->get(), number, text.data(), longestName, &length, &type, &size,
                                       &digits, &nullable),
                       *handle_);
-      name = fromWide(std::u16string(text.data(), text.data() + length));
+      name = fromWide(std::u16string(text.data(), text.data() + lengthOfName(length)));
     } else {
       std::array<SQLCHAR, longestName> text{};
       session_->check(SQLDescribeCol(handle_->get(), number, text.data(), longestName, &length, &type, &size,
                                      &digits, &nullable),
                       *handle_);
-      name.assign(text.data(), text.data() + length);
+      name.assign(text.data(), text.data() + lengthOfName(length));
     }
     columns_.push_back({std::move(name), columnType(type)});
   }
@@ -190,6 +196,8 @@ std::string ResultCursor::readText(std::size_t column, bool& isNull) const {
 
 void ResultCursor::settle() {
   if (state_ == State::Fresh && !statement_.empty()) {
+    // What has ended a transaction must not be dropped with the rows.
+    if (session_->inTransaction()) findFailure();
     handle_.reset();
     state_ = State::GivenUp;
     return;
@@ -198,6 +206,15 @@ void ResultCursor::settle() {
   pending_.fill([this] { return fetch(); });
   handle_.reset();
   state_ = State::Settled;
+}
+
+// A server reports it with the first rows. The session keeps it; the cursor asks anew.
+void ResultCursor::findFailure() {
+  try {
+    fetch();
+  } catch (const ado::Error&) {
+    return;
+  }
 }
 
 void ResultCursor::detach() {

@@ -27,7 +27,7 @@ class ResultCursor : public ado::Cursor {
   [[nodiscard]] basic::Value value(std::size_t column) const override;
 
   /// Lets go of the connection: remaining rows are read into memory, a query not read from is given up for
-  /// now.
+  /// now. An error among the rows is kept for their reader; the session hears of it at once.
   void settle();
   /// Its connection goes away.
   void detach();
@@ -37,6 +37,7 @@ class ResultCursor : public ado::Cursor {
 
   void describe(std::int16_t count);
   std::optional<ado::ReadAhead::Row> fetch();
+  void findFailure();
   [[nodiscard]] basic::Value read(std::size_t column) const;
   [[nodiscard]] std::string readText(std::size_t column, bool& isNull) const;
 

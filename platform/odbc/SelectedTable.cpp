@@ -50,7 +50,7 @@ class Scanner {
     for (;;) {
       while (at_ < text_.size() && isBlank(text_[at_])) ++at_;
       if (at("--"))
-        at_ = text_.find('\n', at_);
+        at_ = text_.find_first_of("\r\n", at_);
       else if (at("/*"))
         at_ = text_.find("*/", at_) == std::string_view::npos ? text_.size() : text_.find("*/", at_) + 2;
       else
@@ -82,26 +82,29 @@ std::optional<std::string> selectedTable(std::string_view statement) {
   for (const char* word : {"select", "*", "from"})
     if (!basic::sameName(scanner.next(), word)) return std::nullopt;
   std::string name;
-  std::string_view word;
-  do {
-    word = scanner.next();
-    if (!startsName(word)) return std::nullopt;
+  std::string_view word = scanner.next();
+  bool more = true;
+  while (more && startsName(word)) {
     name += word;
     word = scanner.next();
-    if (word == ".") name += '.';
-  } while (word == ".");
+    more = word == ".";
+    for (; word == "."; word = scanner.next()) name += '.';  // Two of them leave a part to the server.
+  }
+  if (more) return std::nullopt;
   if (word == ";") word = scanner.next();
   const bool plain = word.empty() || basic::sameName(word, "where") || basic::sameName(word, "order");
   return plain ? std::optional(name) : std::nullopt;
 }
 
 std::vector<std::string> nameParts(std::string_view name) {
-  std::vector<std::string> parts;
+  std::vector<std::string> parts(1);
   Scanner scanner(name);
   for (std::string_view word = scanner.next(); !word.empty(); word = scanner.next()) {
-    if (word == ".") continue;
     const bool quoted = closingOf(word.front()) != '\0' && word.size() > 1;
-    parts.emplace_back(quoted ? word.substr(1, word.size() - 2) : word);
+    if (word == ".")
+      parts.emplace_back();
+    else
+      parts.back() = quoted ? word.substr(1, word.size() - 2) : word;
   }
   return parts;
 }

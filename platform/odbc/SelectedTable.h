@@ -12,7 +12,8 @@ namespace payslate::odbc {
 /// of any other form.
 std::optional<std::string> selectedTable(std::string_view statement);
 
-/// The parts of a name, outermost first, without brackets or quotes: [dbo].[Pay] gives dbo and Pay.
+/// The parts of a name, outermost first, without brackets or quotes, at least one: [dbo].[Pay] gives dbo and
+/// Pay, payroll..Pay gives payroll, an empty one and Pay.
 std::vector<std::string> nameParts(std::string_view name);
 
 /// Does the text begin with this word, whatever its letter case?

@@ -1,4 +1,4 @@
-// Connecting, running statements, transactions.
+// Running statements, transactions.
 #include "platform/odbc/Session.h"
 
 #include <sql.h>
@@ -6,9 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
+#include <utility>
 
-#include "platform/odbc/Advice.h"
 #include "platform/odbc/Parameters.h"
 #include "platform/odbc/ResultCursor.h"
 #include "platform/odbc/SelectedTable.h"
@@ -17,150 +18,105 @@
 namespace payslate::odbc {
 namespace {
 
-constexpr const char* source = "payslate.odbc";
-constexpr SQLULEN loginSeconds = 15;
-// Nobody is to wait without end for another user's lock.
-constexpr SQLULEN querySeconds = 30;
-
-SQLPOINTER attribute(SQLULEN value) {
-  // How the interface passes numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
-  return reinterpret_cast<SQLPOINTER>(value);
-}
+constexpr std::int32_t noTransactionToRollBack = 3903;
 
 SQLWCHAR* units(std::u16string& text) {
   return reinterpret_cast<SQLWCHAR*>(text.data());
 }
 
-SQLCHAR* bytes(std::string& text) {
-  return reinterpret_cast<SQLCHAR*>(text.data());
+[[noreturn]] void refuse(const char* sentence, const char* sqlState) {
+  throw ado::Error(sentence, sqlState, "payslate.odbc");
+}
+
+/// Keys and names are refused without touching the transaction. Of anything else it cannot be told from here.
+bool leavesTransaction(const ado::Error& error) {
+  constexpr const char* states[] = {"23", "42S", "S00"};
+  return std::any_of(std::begin(states), std::end(states),
+                     [&error](const char* state) { return error.SQLState.starts_with(state); });
 }
 
 }  // namespace
 
-Session::Session(const ConnectionString& connection)
-    : connection_(connection),
-      environment_(Handle::Kind::Environment, nullptr),
-      handle_(Handle::Kind::Connection, &environment_) {
-  connect(connection);
-  askDriver();
-}
+Session::Session(const ConnectionString& connection) : link_(connection) {}
 
 Session::~Session() {
   // Cursors that are still about give their statements back here, before the connection goes.
-  for (ResultCursor* cursor : std::set<ResultCursor*>(cursors_)) cursor->detach();
-  if (connected_) handle_.disconnect();
+  for (ResultCursor* cursor : std::exchange(cursors_, {})) cursor->detach();
+  try {
+    if (inTransaction_) rollback();
+  } catch (const ado::Error&) {
+    // The server rolls back what a connection leaves open.
+  }
 }
 
-void Session::connect(const ConnectionString& connection) {
-  SQLSetConnectAttr(handle_.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), 0);
-  std::u16string text = toWide(connection.forDriver());
-  SQLSMALLINT length = 0;
-  check(SQLDriverConnectW(handle_.get(), nullptr, units(text), static_cast<SQLSMALLINT>(text.size()), nullptr,
-                          0, &length, SQL_DRIVER_NOPROMPT),
-        handle_);
-  connected_ = true;
-}
-
-void Session::askDriver() {
-  SQLUSMALLINT most = 0;
-  SQLGetInfo(handle_.get(), SQL_MAX_CONCURRENT_ACTIVITIES, &most, sizeof most, nullptr);
-  oneStatementAtATime_ = most == 1;
-  std::array<SQLCHAR, 8> quote{};
-  SQLSMALLINT length = 0;
-  if (SQL_SUCCEEDED(
-          SQLGetInfo(handle_.get(), SQL_IDENTIFIER_QUOTE_CHAR, quote.data(), quote.size(), &length)) &&
-      length > 0)
-    quote_ = reinterpret_cast<const char*>(quote.data());
-  wide_ = keepsWideText();
-}
-
-// A driver without wide functions gets what the driver manager makes of the text, which loses letters.
-bool Session::keepsWideText() const {
-  std::u16string sent = u"select '\u00e9\u4e2d'";
-  std::u16string back(sent.size() * 4, u'\0');
-  SQLINTEGER length = 0;
-  const SQLRETURN code = SQLNativeSqlW(handle_.get(), units(sent), static_cast<SQLINTEGER>(sent.size()),
-                                       units(back), static_cast<SQLINTEGER>(back.size()), &length);
-  // What cannot be asked is taken for what the interface's standard says.
-  return !SQL_SUCCEEDED(code) || back.compare(0, sent.size(), sent) == 0;
-}
-
-bool Session::isLost() const {
-  SQLUINTEGER dead = SQL_CD_FALSE;
-  const SQLRETURN code =
-      SQLGetConnectAttr(handle_.get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
-  return SQL_SUCCEEDED(code) && dead == SQL_CD_TRUE;
-}
-
-ado::Error Session::error(const Handle& handle) const {
-  constexpr const char* notConnected = "08001";
-  constexpr const char* communicationFailure = "08S01";
-  Handle::Diagnosis reason =
-      handle.failure().value_or(Handle::Diagnosis{"HY000", 0, "The driver gives no reason"});
-  // Drivers report a server that is not there, or went away, under many codes.
-  const bool communication = reason.state.starts_with("08");
-  if (!connected_ && communication) reason.state = notConnected;
-  if (connected_ && !communication && isLost()) reason.state = communicationFailure;
-  const std::string advice = adviceFor(reason.state, reason.native);
-  std::string description = connection_.withoutSecrets(reason.text);
-  if (!advice.empty()) description += (description.empty() ? "" : "\r") + advice;
-  return {description, reason.state, source, 0, reason.native};
-}
-
-void Session::check(std::int16_t code, const Handle& handle) const {
+void Session::check(std::int16_t code, const Handle& handle) {
   if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return;
-  throw error(handle);
+  const ado::Error error = link_.error(handle);
+  if (inTransaction_ && !failure_ && !leavesTransaction(error)) failure_ = error;
+  throw error;
 }
 
 std::unique_ptr<Handle> Session::newStatement() {
-  if (oneStatementAtATime_) settleCursors();
-  auto statement = std::make_unique<Handle>(Handle::Kind::Statement, &handle_);
-  // Not every driver can stop a statement; one that cannot waits as long as its server does.
-  SQLSetStmtAttr(statement->get(), SQL_ATTR_QUERY_TIMEOUT, attribute(querySeconds), 0);
-  return statement;
+  returnToAutoCommit();
+  if (link_.servesOneStatementAtATime()) settleCursors();
+  refuseAfterFailure();
+  return link_.newStatement();
 }
 
-bool Session::nextResult(const Handle& statement) const {
+std::int16_t Session::send(const Handle& statement, std::string_view text) const {
+  if (link_.isWide()) {
+    std::u16string sent = toWide(text);
+    return SQLExecDirectW(statement.get(), units(sent), static_cast<SQLINTEGER>(sent.size()));
+  }
+  std::string sent(text);
+  return SQLExecDirect(statement.get(), reinterpret_cast<SQLCHAR*>(sent.data()),
+                       static_cast<SQLINTEGER>(sent.size()));
+}
+
+Session::Result Session::run(std::string_view text) {
+  Result result;
+  result.statement = newStatement();
+  check(send(*result.statement, text), *result.statement);
+  do {
+    check(SQLNumResultCols(result.statement->get(), &result.columns), *result.statement);
+  } while (result.columns == 0 && nextResult(*result.statement));
+  return result;
+}
+
+// Triggers come first: the last count is the statement's own.
+std::int64_t Session::change(std::string_view text, const std::vector<basic::Value>& parameters) {
+  const std::unique_ptr<Handle> statement = newStatement();
+  const Parameters bound(parameters, isWide());
+  check(bound.bindTo(*statement), *statement);
+  check(send(*statement, text), *statement);
+  std::int64_t changed = -1;
+  do {
+    SQLLEN rows = -1;
+    SQLSMALLINT columns = 0;
+    check(SQLNumResultCols(statement->get(), &columns), *statement);
+    if (columns == 0 && SQL_SUCCEEDED(SQLRowCount(statement->get(), &rows)) && rows >= 0) changed = rows;
+  } while (nextResult(*statement));
+  return changed;
+}
+
+bool Session::nextResult(const Handle& statement) {
   const SQLRETURN code = SQLMoreResults(statement.get());
   check(code, statement);
   return code != SQL_NO_DATA;
 }
 
-Session::Result Session::run(std::string_view text, const std::vector<basic::Value>& parameters) {
-  Result result;
-  result.statement = newStatement();
-  const Handle& statement = *result.statement;
-  const Parameters bound(parameters, wide_);
-  check(bound.bindTo(statement), statement);
-  SQLRETURN code = SQL_SUCCESS;
-  if (wide_) {
-    std::u16string sent = toWide(text);
-    code = SQLExecDirectW(statement.get(), units(sent), static_cast<SQLINTEGER>(sent.size()));
-  } else {
-    std::string sent(text);
-    code = SQLExecDirect(statement.get(), bytes(sent), static_cast<SQLINTEGER>(sent.size()));
-  }
-  check(code, statement);
-  do {
-    check(SQLNumResultCols(statement.get(), &result.columns), statement);
-    if (result.columns > 0) return result;
-    SQLLEN rows = -1;
-    if (result.changedRows < 0 && SQL_SUCCEEDED(SQLRowCount(statement.get(), &rows)))
-      result.changedRows = rows;
-  } while (nextResult(statement));
-  return result;
-}
-
 std::vector<std::string> Session::keyColumns(const std::string& table) {
   constexpr SQLUSMALLINT nameColumn = 4;
   constexpr SQLUSMALLINT positionColumn = 5;
-  const std::vector<std::string> parts = nameParts(table);
-  std::u16string name = toWide(parts.empty() ? table : parts.back());
-  std::u16string owner = toWide(parts.size() > 1 ? parts[parts.size() - 2] : std::string());
+  std::vector<std::string> parts = nameParts(table);
+  parts.insert(parts.begin(), 2, std::string());
+  std::array<std::u16string, 3> place;  // Database, owner, table; what is not named is left to the server.
+  std::transform(parts.end() - 3, parts.end(), place.begin(),
+                 [](const std::string& part) { return toWide(part); });
+  const auto name = [&place](std::size_t part) { return place[part].empty() ? nullptr : units(place[part]); };
+  const auto length = [&place](std::size_t part) { return static_cast<SQLSMALLINT>(place[part].size()); };
   const std::unique_ptr<Handle> statement = newStatement();
-  check(SQLPrimaryKeysW(statement->get(), nullptr, 0, owner.empty() ? nullptr : units(owner),
-                        static_cast<SQLSMALLINT>(owner.size()), units(name),
-                        static_cast<SQLSMALLINT>(name.size())),
+  check(SQLPrimaryKeysW(statement->get(), name(0), length(0), name(1), length(1), name(2), length(2)),
         *statement);
   std::map<SQLSMALLINT, std::string> columns;
   for (;;) {
@@ -169,8 +125,8 @@ std::vector<std::string> Session::keyColumns(const std::string& table) {
     if (code == SQL_NO_DATA) break;
     std::array<SQLWCHAR, 256> column{};
     SQLSMALLINT position = 0;
-    SQLLEN length = 0;
-    check(SQLGetData(statement->get(), nameColumn, SQL_C_WCHAR, column.data(), sizeof column, &length),
+    SQLLEN size = 0;
+    check(SQLGetData(statement->get(), nameColumn, SQL_C_WCHAR, column.data(), sizeof column, &size),
           *statement);
     check(SQLGetData(statement->get(), positionColumn, SQL_C_SSHORT, &position, sizeof position, nullptr),
           *statement);
@@ -183,25 +139,71 @@ std::vector<std::string> Session::keyColumns(const std::string& table) {
   return names;
 }
 
-void Session::setAutoCommit(bool on) {
-  check(SQLSetConnectAttr(handle_.get(), SQL_ATTR_AUTOCOMMIT,
-                          attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER),
-        handle_);
+void Session::begin() {
+  if (inTransaction_) refuse("A transaction is open already.", "25001");
+  returnToAutoCommit();
+  settleCursors();
+  check(link_.setAutoCommit(false), link_.handle());
+  autoCommit_ = false;
+  inTransaction_ = true;
 }
 
-void Session::endTransaction(bool commit) {
-  check(SQLEndTran(SQL_HANDLE_DBC, handle_.get(), commit ? SQL_COMMIT : SQL_ROLLBACK), handle_);
+void Session::commit() {
+  if (!inTransaction_) refuse("There is no transaction to commit.", "25000");
+  settleCursors();
+  refuseAfterFailure();
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.handle().get(), SQL_COMMIT))) {
+    failure_ = link_.error(link_.handle(), Doing::Committing);
+    throw *failure_;
+  }
+  leaveTransaction();
 }
 
-std::string Session::quoted(const std::string& name) const {
-  if (quote_ == " ") return name;  // How a driver says that it knows no quotes.
-  std::string result = quote_;
-  for (const char c : name) result += quote_ == std::string(1, c) ? quote_ + quote_ : std::string(1, c);
-  return result + quote_;
+void Session::rollback() {
+  if (!inTransaction_) refuse("There is no transaction to roll back.", "25000");
+  if (!link_.isLost()) {
+    settleCursors();
+    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.handle().get(), SQL_ROLLBACK))) {
+      const ado::Error error = link_.error(link_.handle());
+      // A server that chose this transaction as its victim has rolled it back already.
+      if (error.NativeError != noTransactionToRollBack && !error.SQLState.starts_with("08")) throw error;
+    }
+  }
+  leaveTransaction();
+}
+
+void Session::refuseAfterFailure() const {
+  if (failure_) throw *failure_;
 }
 
 void Session::settleCursors() {
   for (ResultCursor* cursor : std::set<ResultCursor*>(cursors_)) cursor->settle();
+}
+
+// The transaction has ended, whatever becomes of this: the next request tries again, and reports.
+void Session::leaveTransaction() {
+  inTransaction_ = false;
+  failure_.reset();
+  try {
+    returnToAutoCommit();
+  } catch (const ado::Error&) {
+    autoCommit_ = false;
+  }
+}
+
+// On the way back drivers roll back what they take for open. Where the server has done it already they fail
+// and stay: they are given something to roll back.
+void Session::returnToAutoCommit() {
+  if (autoCommit_ || inTransaction_) return;
+  try {
+    check(link_.setAutoCommit(true), link_.handle());
+  } catch (const ado::Error& error) {
+    if (error.NativeError != noTransactionToRollBack) throw;
+    const std::unique_ptr<Handle> statement = link_.newStatement();
+    check(send(*statement, "begin transaction"), *statement);
+    check(link_.setAutoCommit(true), link_.handle());
+  }
+  autoCommit_ = true;
 }
 
 }  // namespace payslate::odbc

@@ -24,6 +24,8 @@ struct Backend {
 
   /// Its driver reads decimals as doubles.
   [[nodiscard]] bool roundsDecimals() const { return name == "sqlite"; }
+  /// Rows come before a later one of a few fails.
+  [[nodiscard]] bool failsRowByRow() const { return name == "tsql"; }
   /// It stores any text in a column of any type.
   [[nodiscard]] bool takesAnyText() const { return name == "sqlite"; }
 };

@@ -200,9 +200,35 @@ TEST_P(OdbcProvider, TransactionsEndAsTheyAreTold) {
   EXPECT_EQ(first(*other, "select count(*) from pay"), "2") << "what is left open is undone";
 }
 
+// A server may have ended the transaction: what came next would be stored on its own.
+TEST_P(OdbcProvider, AfterAFailureATransactionCanOnlyBeRolledBack) {
+  provider_->begin();
+  insert(1);
+  const std::string failure = errorOf([&] { provider_->execute("selec 1"); });
+  EXPECT_NE(failure, "no error");
+  for (const std::function<void()>& next :
+       {std::function<void()>([&] { insert(2); }), std::function<void()>([&] { value("id", 1); }),
+        std::function<void()>([&] { provider_->commit(); })})
+    EXPECT_EQ(errorOf(next), failure);
+  provider_->rollback();
+  EXPECT_EQ(first(*provider_, "select count(*) from pay"), "0");
+}
+
+TEST_P(OdbcProvider, AFailureAmongUnreadRowsFailsTheTransaction) {
+  if (!GetParam().failsRowByRow()) GTEST_SKIP() << "the query fails as a whole";
+  provider_->begin();
+  const auto rows = provider_->execute("select 1 / (2 - n) from (select 1 n union all select 2) t");
+  ASSERT_TRUE(rows->next());
+  EXPECT_NE(errorOf([&] { insert(1); }), "no error") << "it makes the rows be read ahead";
+  EXPECT_NE(errorOf([&] { provider_->commit(); }), "no error");
+  provider_->rollback();
+  EXPECT_EQ(first(*provider_, "select count(*) from pay"), "0");
+}
+
 TEST_P(OdbcProvider, OneStatementAText) {
   insert(1);
-  EXPECT_EQ(errorOf([&] { provider_->execute("select 1; delete from pay"); }).substr(0, 5), "42000");
+  for (const char* two : {"select 1; delete from pay", "update pay set id = 1; delete from pay"})
+    EXPECT_EQ(errorOf([&] { provider_->execute(two); }).substr(0, 5), "42000");
   EXPECT_EQ(first(*provider_, "select count(*) from pay"), "1");
   EXPECT_EQ(first(*provider_, "select ';' ;"), ";");
   EXPECT_EQ(provider_->execute("delete from pay where id = 99"), nullptr);

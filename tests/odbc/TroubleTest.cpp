@@ -55,12 +55,16 @@ TEST(OdbcTrouble, OpeningSaysWhatIsWrongAndNoPassword) {
 
 TEST(OdbcTrouble, ServersOfTransactSqlReportUnderTheirOwnCodes) {
   const std::pair<std::pair<const char*, int>, const char*> advices[] = {
-      {{"40001", 1205}, "Try again"},          {{"HY000", 1222}, "in a moment"},
-      {{"HYT00", 0}, "in a moment"},           {{"23000", 2627}, "Another user may"},
-      {{"42000", 18456}, "login was refused"}, {{"08S01", 20004}, "open it again"},
+      {{"40001", 1205}, "Try again"},      {{"HY000", 1222}, "in a moment"},
+      {{"HYT00", 0}, "in a moment"},       {{"23000", 2627}, "Another user may"},
+      {{"08S01", 20004}, "open it again"},
   };
   for (const auto& [error, part] : advices)
     EXPECT_NE(adviceFor(error.first, error.second).find(part), std::string::npos) << error.first;
+  EXPECT_NE(adviceFor("42000", 18456, Doing::Connecting).find("login was refused"), std::string::npos);
+  EXPECT_NE(adviceFor("HYT00", 0, Doing::Connecting).find("cannot be reached"), std::string::npos);
+  EXPECT_NE(adviceFor("08S01", 0, Doing::Committing).find("may be there or not"), std::string::npos);
+  EXPECT_EQ(adviceFor("IM001", 0), "") << "drivers that cannot do everything are drivers all the same";
   EXPECT_EQ(adviceFor("22012", 8134), "");
   EXPECT_EQ(adviceFor("23000", 515), "");
 }
@@ -101,6 +105,10 @@ TEST_F(OdbcServer, ALostConnectionIsSaidAndStaysLost) {
   });
   provider_ = open(connection_);
   EXPECT_EQ(first(*provider_, "select sum(amount) from pay"), "30") << "nothing of it is stored";
+  provider_->begin();
+  cutOff();
+  expectParts(errorOf([&] { provider_->commit(); }), {"08", "may be there or not"});
+  EXPECT_EQ(errorOf([&] { provider_->rollback(); }), "no error");
 }
 
 TEST_F(OdbcServer, ADeadlockVictimIsToldToTryAgain) {
