@@ -4,7 +4,6 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include <algorithm>
 #include <array>
 
 #include "platform/ado/Error.h"
@@ -14,21 +13,12 @@ namespace payslate::odbc {
 namespace {
 
 constexpr SQLSMALLINT longestMessage = 4096;
-constexpr std::size_t stateLength = 5;
+constexpr SQLSMALLINT stateLength = 5;
 
 static_assert(static_cast<int>(Handle::Kind::Environment) == SQL_HANDLE_ENV &&
               static_cast<int>(Handle::Kind::Connection) == SQL_HANDLE_DBC &&
               static_cast<int>(Handle::Kind::Statement) == SQL_HANDLE_STMT);
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
-
-std::string utf8(const SQLWCHAR* text, std::size_t length) {
-  return fromWide(std::u16string(text, text + length));
-}
-
-// A driver may tell the length that a longer text would have needed.
-std::size_t kept(SQLSMALLINT told) {
-  return std::min(static_cast<std::size_t>(std::max<SQLSMALLINT>(told, 0)), std::size_t{longestMessage} - 1);
-}
 
 // Every program on the way back puts its name in brackets before the text, and no blank behind it: a word in
 // brackets that the server's sentence begins with stays.
@@ -77,15 +67,14 @@ std::optional<Handle::Diagnosis> Handle::record(int number, bool wide) const {
     if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle_, which, state.data(), &native, text.data(),
                                       longestMessage, &length)))
       return std::nullopt;
-    return Diagnosis{utf8(state.data(), stateLength), native, withoutOrigin(utf8(text.data(), kept(length)))};
+    return Diagnosis{textIn(state, stateLength), native, withoutOrigin(textIn(text, length))};
   }
   std::array<SQLCHAR, stateLength + 1> state{};
   std::array<SQLCHAR, longestMessage> text{};
   if (!SQL_SUCCEEDED(
           SQLGetDiagRec(kind, handle_, which, state.data(), &native, text.data(), longestMessage, &length)))
     return std::nullopt;
-  return Diagnosis{std::string(state.data(), state.data() + stateLength), native,
-                   withoutOrigin(std::string(text.data(), text.data() + kept(length)))};
+  return Diagnosis{textIn(state, stateLength), native, withoutOrigin(textIn(text, length))};
 }
 
 std::optional<Handle::Diagnosis> Handle::failure(bool wide) const {

@@ -4,7 +4,6 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -17,7 +16,7 @@ namespace payslate::odbc {
 namespace {
 
 constexpr const char* source = "payslate.odbc";
-constexpr std::size_t longestName = 256;
+constexpr SQLSMALLINT longestName = 256;
 constexpr std::size_t textPiece = 4096;
 
 ado::ColumnType columnType(SQLSMALLINT type) {
@@ -42,11 +41,6 @@ ado::ColumnType columnType(SQLSMALLINT type) {
     default:
       return ado::ColumnType::Text;
   }
-}
-
-// A driver may tell the length that a longer name would have needed.
-std::size_t lengthOfName(SQLSMALLINT told) {
-  return std::min(static_cast<std::size_t>(std::max<SQLSMALLINT>(told, 0)), longestName - 1);
 }
 
 }  // namespace
@@ -74,13 +68,13 @@ void ResultCursor::describe(std::int16_t count) {
       session_->check(SQLDescribeColW(handle_->get(), number, text.data(), longestName, &length, &type, &size,
                                       &digits, &nullable),
                       *handle_);
-      name = fromWide(std::u16string(text.data(), text.data() + lengthOfName(length)));
+      name = textIn(text, length);
     } else {
       std::array<SQLCHAR, longestName> text{};
       session_->check(SQLDescribeCol(handle_->get(), number, text.data(), longestName, &length, &type, &size,
                                      &digits, &nullable),
                       *handle_);
-      name.assign(text.data(), text.data() + lengthOfName(length));
+      name = textIn(text, length);
     }
     columns_.push_back({std::move(name), columnType(type)});
   }
