@@ -50,8 +50,10 @@ clspayslate makeComponent(ui::Desktop& desktop, const SharedConnection& connecti
 
 ComponentStage::ComponentStage(ui::Desktop& desktop, SharedConnection connection, std::string folder)
     : desktop_(&desktop), connection_(std::move(connection)), folder_(std::move(folder)) {
-  connection_->StatementSent = [this](std::string_view) {
-    if (countsStatements_) ++sent_;
+  connection_->StatementSent = [this](std::string_view statement) {
+    if (!countsStatements_) return;
+    ++sent_;
+    if (StatementSent) StatementSent(statement);
   };
 }
 

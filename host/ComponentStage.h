@@ -1,7 +1,9 @@
 // The component on a real connection, as errands see it.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "component/clspayslate.h"
 #include "host/Database.h"
@@ -29,6 +31,9 @@ class ComponentStage : public scripted::Stage {
   void setSession(const scripted::Session& session) override { session_ = session; }
   void show() override;
   long takeSentCount() override;
+
+  /// Told of every statement that the component sends, before it is sent.
+  std::function<void(std::string_view statement)> StatementSent;
 
  private:
   ui::Desktop* desktop_;

@@ -21,8 +21,11 @@ step() {
 for program in tsql/payslate_tsql_tests ado/payslate_ado_tests; do step "$build/tests/$program"; done
 step "$build/tests/schema/payslate_schema_tests" --gtest_filter='Schema.*'
 step "$build/tests/schema/payslate_schema_tests" --gtest_filter='DemoTest.*'
-for one in Statements SaveFaults WholeCompany Component; do
+for one in SaveFaults WholeCompany Component; do
   step "$build/tests/component/component_test" --gtest_filter="$one.*"
+done
+for sequence in physical-names editing whole-month; do
+  step "$build/tools/recorder/payslate-recorder" --check "$tests/errands/sequences" "$tests/errands/$sequence.errand"
 done
 for errand in "$tests"/errands/*.errand; do
   case "$errand" in */demo-company.errand | */region.errand) continue ;; esac
