@@ -1,9 +1,8 @@
-// The list of monthly entries: loading, keys and buttons.
+// The list of monthly entries: loading, keys and buttons; opening an entry and cancelling it.
 #include "browser/FrmMaster.h"
 
-#include "browser/BrowseColumns.h"
-#include "browser/GridSearch.h"
 #include "browser/Hourglass.h"
+#include "persistence/EntryReader.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate {
@@ -23,17 +22,13 @@ std::string browseStatement(const Session& session) {
 FrmMaster::FrmMaster(BasPaySlate& bas)
     : Form("FrmMaster", bas.desktop(), "Monthly Entry"),
       bas_(bas),
-      entryForm_([&bas] { return std::make_shared<frmpayslate>(bas); }),
+      entries_(bas, {flexMaster, cboColNames, cboSearch}),
+      entryForm_([this] { return std::make_shared<frmpayslate>(bas_, &entries_); }),
       cancelForm_([&bas] { return std::make_shared<frmCancel>(bas); }) {
   KeyPreview = true;
   optAscend.Value = true;
   arrange();
   wireEvents();
-  bas_.entryList = this;
-}
-
-FrmMaster::~FrmMaster() {
-  if (bas_.entryList == this) bas_.entryList = nullptr;
 }
 
 void FrmMaster::arrange() {
@@ -56,11 +51,11 @@ void FrmMaster::arrange() {
 
 void FrmMaster::wireEvents() {
   Load = [this] { Form_Load(); };
-  Activate = [this] { Form_Activate(); };
+  Activate = [this] { enableForRow(); };
   KeyPress = [this](int& keyAscii) {
     if (keyAscii == ui::KeyAscii::CtrlD) flexMaster.SetFocus();
   };
-  flexMaster.EnterCell = [this] { flexMaster_EnterCell(); };
+  flexMaster.EnterCell = [this] { enableForRow(); };
   flexMaster.DblClick = [this] { flexMaster_DblClick(); };
   flexMaster.KeyDown = [this](int& keyCode, int) {
     if (keyCode == ui::KeyCode::Delete && CmdDelete.Enabled()) CmdDelete_Click();
@@ -89,13 +84,11 @@ void FrmMaster::Form_Load() {
   setBrowseStatement();
   {
     const Hourglass hourglass(*this);
-    GridPopulate(bas_.strBrowseSQL, bas_.strBrowseTable);
+    entries_.GridPopulate(bas_.strBrowseSQL, bas_.strBrowseTable);
   }
   UserRights();
-  flexMaster_EnterCell();
-  if (flexMaster.TextMatrix(1, BrowseColumn::EntryNo).empty())
-    for (ui::CommandButton* button : {&CmdEdit, &CmdDelete, &cmdUpdate}) button->Enabled = false;
-  if (isCancelled(flexMaster.Row())) CmdDelete.Enabled = false;
+  enableForRow();
+  if (!entries_.hasNumberInFirstRow()) cmdUpdate.Enabled = false;
 }
 
 void FrmMaster::setBrowseStatement() {
@@ -108,25 +101,21 @@ void FrmMaster::setBrowseStatement() {
     bas_.strBrowseSQL += " and emhDate>='" + compactDate(bas_.ProcessDate.plusDays(-lookBackDays)) + "'";
 }
 
-void FrmMaster::Form_Activate() {
-  if (currentCell(BrowseColumn::EntryId).empty()) {
-    CmdEdit.Enabled = false;
-    CmdDelete.Enabled = false;
-  } else {
-    setEditAndDelete();
-  }
-  flexMaster_EnterCell();
+void FrmMaster::UserRights() {
+  if (!rights_.load(bas_)) return;
+  cmdnew.Enabled = rights_.holds(Right::New);
+  cmdUpdate.Enabled = rights_.holds(Right::PostLedgers);
 }
 
-void FrmMaster::flexMaster_EnterCell() {
-  if (currentCell(BrowseColumn::EntryId).empty()) {
-    CmdDelete.Enabled = false;
-    CmdEdit.Enabled = false;
-  } else if (isCancelled(flexMaster.Row())) {
-    CmdDelete.Enabled = false;
-  } else {
-    setEditAndDelete();
-  }
+void FrmMaster::enableForRow() {
+  const bool entry = entries_.hasCurrent();
+  CmdEdit.Enabled = entry && rights_.holds(Right::Edit);
+  CmdDelete.Enabled = entry && !entries_.isCurrentCancelled() && rights_.holds(Right::Delete);
+}
+
+void FrmMaster::fnMarkCancelledRows() {
+  enableForRow();
+  entries_.markCancelledRows();
 }
 
 void FrmMaster::flexMaster_KeyPress(int& keyAscii) {
@@ -140,26 +129,13 @@ void FrmMaster::flexMaster_DblClick() {
 
 void FrmMaster::cboColNames_Click() {
   const Hourglass hourglass(*this);
-  const int chosen = cboColNames.ListIndex();
-  if (chosen < 0) return;
-  const bool isDate = basic::lower(cboColNames.List(chosen)).find("date") != std::string::npos;
-  // The entry number stands in for the date, which is shown in an order that does not sort.
-  const int column = isDate ? BrowseColumn::EntryNo : cboColNames.ItemData(chosen);
-  flexMaster.setCurrent(flexMaster.Row(), column);
-  flexMaster.Sort(optAscend.Value() ? ui::SortOrder::GenericAscending : ui::SortOrder::GenericDescending);
-  flexMaster_EnterCell();
+  entries_.sort(optAscend.Value());
+  enableForRow();
 }
 
 void FrmMaster::fnSearchGrid() {
-  const int column = cboSearch.ItemData(cboSearch.ListIndex());
-  flexMaster.setCurrent(flexMaster.Row(), column);
-  flexMaster.Sort(ui::SortOrder::GenericAscending);
-  if (const auto row = firstRowStartingWith(flexMaster, column, txtsearch.Text())) {
-    flexMaster.setCurrent(*row, 0);
-    flexMaster.setColSel(flexMaster.Cols() - 1);
-    flexMaster.setTopRow(*row);
-  }
-  flexMaster_EnterCell();
+  entries_.search(txtsearch.Text());
+  enableForRow();
 }
 
 void FrmMaster::cmdnew_Click() {
@@ -167,24 +143,37 @@ void FrmMaster::cmdnew_Click() {
   entryForm_.get().Show();
 }
 
-const std::string& FrmMaster::currentCell(int column) const {
-  return flexMaster.TextMatrix(flexMaster.Row(), column);
+void FrmMaster::CmdEdit_Click() {
+  const auto entry = entries_.current();
+  if (entry) entryForm_.open([&](frmpayslate& form) { form.openStored(*entry); });
 }
 
-bool FrmMaster::isCancelled(int row) const {
-  return flexMaster.Cols() > BrowseColumn::Cancelled &&
-         flexMaster.TextMatrix(row, BrowseColumn::Cancelled) == "Yes";
+bool FrmMaster::fnCheckPayrollProcessed() {
+  const auto entry = entries_.current();
+  return entry && isProcessedEntry(bas_, entry->id);
 }
 
-bool FrmMaster::showsNoEntry() const {
-  return flexMaster.TextMatrix(1, BrowseColumn::EntryId).empty() && flexMaster.Rows() == 2;
+void FrmMaster::CmdDelete_Click() {
+  const auto entry = entries_.current();
+  if (!entry) return;
+  if (fnCheckPayrollProcessed()) {
+    bas_.message("Payroll processed. Cannot delete.");
+    return;
+  }
+  const std::string question = "Are you sure you want to delete the entry - " + entries_.currentNumber();
+  if (!entry->shownAsCancelled && bas_.message(question, ui::MessageStyle::AskCritical) == ui::Answer::Yes)
+    cancelEntry(*entry);
+  entries_.goToLast();
+  enableForRow();
 }
 
-std::string FrmMaster::currentEntryIdText() const {
-  return currentCell(BrowseColumn::EntryId);
-}
-std::string FrmMaster::currentEntryDateText() const {
-  return currentCell(BrowseColumn::EntryDate);
+void FrmMaster::cancelEntry(const ListedEntry& entry) {
+  const int row = entries_.currentRow();
+  cancelForm_.show([&](frmCancel& form) { form.cancels(entry.id); });
+  const Hourglass hourglass(*this);
+  bas_.strMode = EntryMode::Existing;
+  entries_.RefreshBrowseRow(entryCondition(entry.id), entry.id);
+  entries_.markRow(row);
 }
 
 }  // namespace payslate

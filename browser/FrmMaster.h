@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "browser/EntryGrid.h"
+#include "browser/FunctionRights.h"
 #include "browser/frmCancel.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"
@@ -16,12 +18,10 @@
 
 namespace payslate {
 
-class StoredEntry;
-
-class FrmMaster : public ui::Form, private EntryList {
+/// Composed of its rows and the user's rights; its own are the buttons, the keys and the order of a load.
+class FrmMaster : public ui::Form {
  public:
   explicit FrmMaster(BasPaySlate& bas);
-  ~FrmMaster() override;
 
   ui::Frame fraBrowse{*this, "fraBrowse", "Browse"};
   ui::ComboBox cboColNames{*this, "cboColNames", ui::ComboStyle::DropDownList};
@@ -37,13 +37,7 @@ class FrmMaster : public ui::Form, private EntryList {
   ui::CommandButton cmdUpdate{*this, "cmdUpdate", "&Post Ledgers"};
   ui::CommandButton CmdClose{*this, "CmdClose", "&Close"};
 
-  std::string strRights;  ///< The user's right letters; empty until loaded.
-
-  /// Fills the grid from a statement over `table`, the physical name of what is listed, which is said for
-  /// other grids' sake: this one does not need it.
-  void GridPopulate(const std::string& statement, const std::string& table);
-  /// Does the user hold this right? The letter is trimmed and made upper case in place.
-  bool fnUserRights(std::string& letter);
+  bool fnUserRights(std::string& letter) { return rights_.fnUserRights(letter); }
   /// Button state for the current row, and cancelled rows in red.
   void fnMarkCancelledRows();
   /// Has the payroll run taken the current row's entry?
@@ -53,38 +47,23 @@ class FrmMaster : public ui::Form, private EntryList {
   void arrange();
   void wireEvents();
   void Form_Load();
-  void Form_Activate();
   void setBrowseStatement();
-  void fnSetGridHeader();
-  void markRow(int row);
   void UserRights();
-  [[nodiscard]] bool holds(const char* right);
-  void setEditAndDelete();
-  void flexMaster_EnterCell();
+  /// Edit and Delete as the rights and the current row have it.
+  void enableForRow();
   void flexMaster_KeyPress(int& keyAscii);
   void flexMaster_DblClick();
   void cboColNames_Click();
   void fnSearchGrid();
   void cmdnew_Click();
-
-  // Editing and cancelling: ChangeEntry.cpp
   void CmdEdit_Click();
-  void openEntry(StoredEntry& entry, frmpayslate& form);
-  void refuseChanges(frmpayslate& form, const std::string& reason) const;
   void CmdDelete_Click();
-  void cancelEntry(int row);
-  void settleAfterDelete();
-
-  [[nodiscard]] const std::string& currentCell(int column) const;
-  [[nodiscard]] bool isCancelled(int row) const;
-  [[nodiscard]] bool showsNoEntry() const;
-
-  [[nodiscard]] std::string currentEntryIdText() const override;
-  [[nodiscard]] std::string currentEntryDateText() const override;
-  void RefreshBrowseRow(const std::string& condition, std::int32_t entryId) override;
+  void cancelEntry(const ListedEntry& entry);
 
   BasPaySlate& bas_;
   FormHelpers helpers_;
+  EntryGrid entries_;
+  FunctionRights rights_;
   ui::FormSlot<frmpayslate> entryForm_;
   ui::FormSlot<frmCancel> cancelForm_;
 };

@@ -1,7 +1,7 @@
 // The dialog that asks why an entry is cancelled, and cancels it.
 #pragma once
 
-#include <string>
+#include <cstdint>
 
 #include "platform/ui/Buttons.h"
 #include "platform/ui/Form.h"
@@ -12,10 +12,13 @@ namespace payslate {
 
 class BasPaySlate;
 
-/// Works on the list's current entry. Closing the window leaves the entry as it is.
+/// Closing the window leaves the entry as it is.
 class frmCancel : public ui::Form {
  public:
   explicit frmCancel(BasPaySlate& bas);
+
+  /// The entry that OK cancels; to be said before the dialog is shown.
+  void cancels(std::int32_t entryId) { entryId_ = entryId; }
 
   ui::Label Label1{*this, "Label1", "&Reason :"};
   ui::TextBox txtcanreason{*this, "txtcanreason"};
@@ -26,9 +29,9 @@ class frmCancel : public ui::Form {
   void Form_Load();
   void txtcanreason_KeyPress(int& keyAscii);
   void cmdOk_Click();
-  [[nodiscard]] std::string remark() const;
 
   BasPaySlate& bas_;
+  std::int32_t entryId_ = 0;
 };
 
 }  // namespace payslate

@@ -1,6 +1,7 @@
 // Typing amounts.
 #include "component/AmountBox.h"
 
+#include "component/Amounts.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"
 #include "platform/basic/Numbers.h"
@@ -11,7 +12,6 @@ namespace payslate {
 namespace {
 constexpr int integerDigits = 18;
 constexpr int decimals = 2;
-constexpr const char* listPattern = "0.00";
 }  // namespace
 
 void makeAmountBox(ui::TextBox& box, const BasPaySlate& bas, const FormHelpers& helpers) {
@@ -23,7 +23,7 @@ void makeAmountBox(ui::TextBox& box, const BasPaySlate& bas, const FormHelpers& 
 }
 
 std::string listAmount(const ui::TextBox& box) {
-  return basic::Format(basic::Val(box.Text()), listPattern);
+  return amountText(basic::Val(box.Text()));
 }
 
 }  // namespace payslate

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 
-#include "component/EntryList.h"
+#include "component/DatabaseValues.h"
 #include "component/Session.h"
-#include "platform/basic/Value.h"
+#include "platform/basic/Date.h"
 #include "platform/ui/MessageBox.h"
 
 namespace payslate {
@@ -27,9 +27,6 @@ class BasPaySlate : public Session {
  public:
   [[nodiscard]] ui::Desktop& desktop() const { return *desktop_; }
   void desktop(ui::Desktop& desktop) { desktop_ = &desktop; }
-
-  /// The list that shows entries; null before there was one.
-  EntryList* entryList = nullptr;
 
   /// Sends {TAB} when the key is Enter; the character stays as it is.
   void EnterToTab(int keyAscii) const;
@@ -67,15 +64,5 @@ class BasPaySlate : public Session {
 };
 
 BasPaySlate& basPaySlate();
-
-/// A looked-up field as number, flag and date: Null, which stands for "no row" too, is 0, false, the zero
-/// date.
-double numberOf(const basic::Value& looked);
-bool flagOf(const basic::Value& looked);
-basic::Date dateOf(const basic::Value& looked);
-
-/// Dates as statements splice them in, and as dates are compared as text.
-std::string slashDate(basic::Date date);    ///< yyyy/mm/dd
-std::string compactDate(basic::Date date);  ///< yyyymmdd
 
 }  // namespace payslate

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "component/BasPaySlate.h"
+#include "component/EntryState.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 #include "platform/common/CommonDB.h"
@@ -20,9 +21,11 @@ using ado::LockType;
 using basic::numberText;
 using basic::Val;
 
-/// One count of distinct dates: what is counted, which day types, and how the upper bound is written.
+/// One count of distinct dates: what is counted, which day types, and the blanks between them.
 struct Attendance::DayCount {
   const char* select;
+  const char* detail;
+  const char* header;
   const char* types;
   const char* upperBound;
 };
@@ -141,8 +144,8 @@ bool Attendance::calendarExists(int year) {
   const bool exists = basic::CLng(row.Fields(0).Value()) != 0;
   controls_.cmdOk.Enabled = exists;
   if (!exists)
-    bas_.message("Calender Settings not Found for " + basic::Trim(state_.strDeptName) + " for the year - " +
-                 std::to_string(year));
+    refuse("Calender Settings not Found for " + basic::Trim(state_.strDeptName) + " for the year - " +
+           std::to_string(year));
   return exists;
 }
 
@@ -168,65 +171,83 @@ double Attendance::covered(std::int32_t employeeId, basic::Date first, bool& any
   return days;
 }
 
-bool Attendance::fnLoadAttendance() {
-  const std::int32_t employeeId = controls_.cboEmpname.ItemData(controls_.cboEmpname.ListIndex());
+void Attendance::refuse(const std::string& reason) {
+  state_.whyNotWhole = reason;
+  bas_.message(reason);
+}
+
+bool Attendance::fnLoadAttendance(std::int32_t employeeId) {
   const basic::Date first = joinedInside() ? state_.dtDateOfJoin : bas_.dtPeriodStart;
   state_.dblPeriodDays = static_cast<double>(basic::daysBetween(first, bas_.dtPeriodEnd) + 1);
   bool anySheet = false;
   const double days = covered(employeeId, first, anySheet);
   if (!anySheet) {
-    bas_.message(noSheets);
+    refuse(noSheets);
     controls_.cboEmpname.setListIndex(-1);
+    state_.whyNotWhole = noSheets;  // And not that nobody is selected.
     return false;
   }
   if (days != state_.dblPeriodDays) {
-    bas_.message(sheetsDoNotAddUp);
+    refuse(sheetsDoNotAddUp);
     return false;
   }
   countDays(employeeId);
   return true;
 }
 
-double Attendance::count(const DayCount& what, std::int32_t employeeId) {
+std::optional<double> Attendance::count(const DayCount& what, std::int32_t employeeId) {
   const std::string statement =
-      what.select + bas_.TableLinks["pempattendancedetail"] + " d," + bas_.TableLinks["pEmployeeattendence"] +
-      " h" + " where h.eaid = d.eadAttendanceID and " + what.types + " and eaddate >= '" +
-      slashDate(bas_.dtPeriodStart) + what.upperBound + slashDate(bas_.dtPeriodEnd) +
-      "' and eadCompanyId=" + bas_.companyText() + " and eaEmpID=" + std::to_string(employeeId);
+      what.select + bas_.TableLinks["pempattendancedetail"] + what.detail +
+      bas_.TableLinks["pEmployeeattendence"] + what.header +
+      " where h.eaid = d.eadAttendanceID and  h.eacompanyid = d.eadcompanyid and h.eaCancelled =0"
+      " and d.eadtype " +
+      what.types + " and eaddate >= '" + slashDate(bas_.dtPeriodStart) + what.upperBound +
+      slashDate(bas_.dtPeriodEnd) + "' and eadCompanyId=" + bas_.companyText() +
+      " and eaEmpID=" + std::to_string(employeeId);
   ado::Recordset row;
   row.Open(statement, *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
-  return row.Eof() ? 0 : numberOf(row.Fields(0).Value());
+  if (row.Eof()) return {};
+  return numberOf(row.Fields(0).Value());
 }
 
 // A half day counts half where its type has it: "HL" and "HA" half present, "HA" and "AL" half absent.
 // Whatever of the employed days is neither present nor absent is leave.
 void Attendance::countDays(std::int32_t employeeId) {
-  const DayCount present{"select count(distinct(eaddate)) present from ",
-                         " h.eacompanyid = d.eadcompanyid and h.eaCancelled =0 and d.eadtype in ('p','h')",
+  const DayCount present{"select count(distinct(eaddate)) present from ", " d,", " h", "in ('p','h')",
                          "' and eaddate <='"};
-  const DayCount halfPresent{
-      "select count(distinct(eaddate))*0.5 present from ",
-      " h.eacompanyid = d.eadcompanyid and h.eaCancelled =0 and d.eadtype in ('HL','HA')",
-      "' and eaddate <='"};
-  const DayCount absent{"select count(distinct(eaddate)) absent from ",
-                        " h.eacompanyid = d.eadcompanyid and h.eaCancelled =0 and d.eadtype ='a'",
+  const DayCount halfPresent{"select count(distinct(eaddate))*0.5 present from ", " d,", " h",
+                             "in ('HL','HA')", "' and eaddate <='"};
+  const DayCount absent{"select count(distinct(eaddate)) absent from ", " d,", " h", "='a'",
                         "' and eaddate <= '"};
-  const DayCount halfAbsent{
-      "select count(distinct(eaddate))*0.5 absent from ",
-      " h.eacompanyid = d.eadcompanyid and h.eaCancelled =0 and d.eadtype in ('AL','HA')",
-      "' and eaddate <= '"};
-  const DayCount holidays{"select count(distinct(eaddate)) Holidays from ",
-                          " h.eacompanyid = d.eadcompanyid and h.eaCancelled =0 and d.eadtype ='h'",
+  const DayCount halfAbsent{"select count(distinct(eaddate))*0.5 absent from ", " d,", " h", "in ('AL','HA')",
+                            "' and eaddate <= '"};
+  const DayCount holidays{"select count(distinct(eaddate)) Holidays from ", " d,", " h", "='h'",
                           "' and eaddate <='"};
-  controls_.txtNoPresent.Text = numberText(count(present, employeeId));
-  controls_.txtNoPresent.Text =
-      numberText(count(halfPresent, employeeId) + Val(controls_.txtNoPresent.Text()));
-  state_.dblAbsentDays = count(absent, employeeId);
-  controls_.txtNoAbsent.Text = numberText(count(halfAbsent, employeeId) + state_.dblAbsentDays);
+  const auto days = [&](const DayCount& what) { return count(what, employeeId).value_or(0); };
+  controls_.txtNoPresent.Text = numberText(days(present));
+  controls_.txtNoPresent.Text = numberText(days(halfPresent) + Val(controls_.txtNoPresent.Text()));
+  state_.dblAbsentDays = days(absent);
+  controls_.txtNoAbsent.Text = numberText(days(halfAbsent) + state_.dblAbsentDays);
   state_.dblAbsentDays = Val(controls_.txtNoAbsent.Text());
-  state_.dblHolidays = count(holidays, employeeId);
+  state_.dblHolidays = days(holidays);
   controls_.txtNoLeave.Text =
       numberText(state_.dblPeriodDays - (Val(controls_.txtNoPresent.Text()) + state_.dblAbsentDays));
+}
+
+void Attendance::fnLoadAttendanceCounts(std::int32_t employeeId) {
+  const DayCount present{"select count(distinct(eaddate)) present from ", " d,", " h ", "in ('p','h')",
+                         "' and  eaddate <='"};
+  const DayCount absent{"select count(distinct(eaddate)) absent from ", " d ,", " h ", "='a'",
+                        "' and  eaddate <= '"};
+  const DayCount holidays{"select count(distinct(eaddate)) Holidays from ", " d ,", " h ", "='h'",
+                          "' and  eaddate <= '"};
+  if (const auto days = count(present, employeeId)) controls_.txtNoPresent.Text = numberText(*days);
+  if (const auto days = count(absent, employeeId)) controls_.txtNoAbsent.Text = numberText(*days);
+  if (const auto days = count(holidays, employeeId)) state_.dblHolidays = *days;
+  const double days = basic::CInt(basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1);
+  controls_.txtNoLeave.Text =
+      numberText(days - (Val(controls_.txtNoAbsent.Text()) + Val(controls_.txtNoPresent.Text())));
+  controls_.txtworkingdays.Text = numberText(days - Val(controls_.txtNoLeave.Text()));
 }
 
 void Attendance::setWorkingDays() {

@@ -2,13 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
-#include "entry/EntryState.h"
+#include "platform/basic/Date.h"
 
 namespace payslate {
 
 class BasPaySlate;
+struct EntryState;
 
 namespace common {
 class CommonDB;
@@ -46,9 +48,12 @@ class Attendance {
   /// OK is disabled.
   bool FnCheckCalendarSettingsNotEntered();
 
-  /// Checks that the selected employee's sheets cover every employed day and counts the days. False after the
-  /// message that says what is missing; counts are then as they were.
-  bool fnLoadAttendance();
+  /// Checks that the employee's sheets cover every employed day and counts the days. False after the message
+  /// that says what is missing; counts are then as they were, and without any sheet nobody is selected.
+  bool fnLoadAttendance(std::int32_t employeeId);
+
+  /// The day counts of a stored entry: whole days alone, half days that count when a month is entered do not.
+  void fnLoadAttendanceCounts(std::int32_t employeeId);
 
   void setWorkingDays();
   void setPresentDays();
@@ -58,9 +63,11 @@ class Attendance {
 
  private:
   struct DayCount;
+  void refuse(const std::string& reason);
   [[nodiscard]] bool joinedInside() const;
   [[nodiscard]] double covered(std::int32_t employeeId, basic::Date first, bool& anySheet);
-  [[nodiscard]] double count(const DayCount& what, std::int32_t employeeId);
+  /// Nothing when the statement gives no row.
+  [[nodiscard]] std::optional<double> count(const DayCount& what, std::int32_t employeeId);
   void readDateOfJoin(std::int32_t employeeId);
   void countDays(std::int32_t employeeId);
   [[nodiscard]] bool calendarExists(int year);

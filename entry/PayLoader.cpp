@@ -1,11 +1,12 @@
 // Reading an employee's standing pay into the lists.
 #include "entry/PayLoader.h"
 
+#include "component/Amounts.h"
 #include "component/BasPaySlate.h"
 #include "component/CurrencySymbols.h"
+#include "component/EntryState.h"
 #include "component/FormHelpers.h"
 #include "component/ListPage.h"
-#include "entry/EntryState.h"
 #include "paycomponents/Formulas.h"
 #include "paycomponents/HourlyItems.h"
 #include "paycomponents/ListColumns.h"
@@ -20,8 +21,6 @@ using ado::CursorType;
 using ado::LockType;
 
 namespace {
-
-constexpr const char* amountPattern = "0.00";
 
 std::string basicPayStatement(const Session& session, const std::string& employee) {
   return "select ecurrencyid,eGradeID, eDesigID, eBasic from " + session.TableLinks["pemployee"] +
@@ -70,7 +69,7 @@ std::string savingsStatement(const Session& session, const std::string& employee
 }  // namespace
 
 void PayLoader::lookUpSymbol(const basic::Value& currencyId) {
-  state_.strCurSymbol = currencySymbol(bas_, *helpers_.objCommonDB, currencyId);
+  state_.strCurSymbol = CurrencySymbols(bas_, *helpers_.objCommonDB).ofCurrency(currencyId);
 }
 
 void PayLoader::loadBasicPay(std::int32_t employeeId) {
@@ -87,8 +86,7 @@ void PayLoader::loadBasicPay(std::int32_t employeeId) {
 std::string PayLoader::standingAmount(const std::string& component, const basic::Value& formula,
                                       const basic::Value& amount) const {
   const std::int32_t formulaId = basic::isNull(formula) ? 0 : basic::CLng(formula);
-  return basic::Format(formulaId > 0 ? formulas_.amountOf(component, formulaId) : numberOf(amount),
-                       amountPattern);
+  return formulaId > 0 ? amountText(formulas_.amountOf(component, formulaId)) : amountText(amount);
 }
 
 void PayLoader::fnLoadEmployeePay(std::int32_t employeeId) {
@@ -109,7 +107,7 @@ void PayLoader::fnLoadEmployeePay(std::int32_t employeeId) {
 }
 
 void PayLoader::fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDate) {
-  state_.strCurSymbol = employeeCurrencySymbol(bas_, *helpers_.objCommonDB, employeeId);
+  state_.strCurSymbol = CurrencySymbols(bas_, *helpers_.objCommonDB).ofEmployee(employeeId);
   double balance = 0;
   fnGetCarryForwardBalance(bas_, employeeId, entryDate, balance);
   if (balance <= 0) return;
@@ -144,8 +142,7 @@ void PayLoader::loadLoans(std::int32_t employeeId) {
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("lcurrencyid").Value());
-    addDeduction(rows.Fields("lDescription").Text(),
-                 basic::Format(numberOf(rows.Fields("liInstallmentAmount").Value()), amountPattern),
+    addDeduction(rows.Fields("lDescription").Text(), amountText(rows.Fields("liInstallmentAmount").Value()),
                  rows.Fields("liLoanID").Text(), DeductKind::Loan, rows.Fields("liID").Text());
   }
 }
@@ -156,8 +153,7 @@ void PayLoader::loadSavings(std::int32_t employeeId) {
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("scurrencyid").Value());
-    addDeduction(rows.Fields("sDescription").Text(),
-                 basic::Format(numberOf(rows.Fields("osInstallmentAmount").Value()), amountPattern),
+    addDeduction(rows.Fields("sDescription").Text(), amountText(rows.Fields("osInstallmentAmount").Value()),
                  rows.Fields("ssavingsid").Text(), DeductKind::Savings, rows.Fields("osID").Text());
   }
 }
@@ -170,10 +166,15 @@ void PayLoader::fnLoadStandingDeductions(std::int32_t employeeId) {
   hourlyItems_.fnLoadHourlyItems(HourlyKind::Deductions, employeeId);
 }
 
+bool PayLoader::fnLOPThroughDeductions() const {
+  ado::Recordset row;
+  row.Open("select LOPThroughDeductions from pSettings where companyID=" + bas_.companyText(), *bas_.adocon(),
+           CursorType::ForwardOnly, LockType::ReadOnly);
+  return !row.Eof() && flagOf(row.Fields("LOPThroughDeductions").Value());
+}
+
 double PayLoader::reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const {
-  bool throughDeductions = false;
-  fnLOPThroughDeductions(bas_, throughDeductions);
-  if (throughDeductions) return state_.dblBasic;
+  if (fnLOPThroughDeductions()) return state_.dblBasic;
   const double perDay = state_.dblBasic / totalDays;
   const double lost = static_cast<double>(daysBeforeJoining) + (absentDays > 0 ? absentDays : 0);
   return state_.dblBasic - perDay * lost;

@@ -51,6 +51,8 @@ class PayLoader {
   [[nodiscard]] double reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const;
 
  private:
+  /// Does the company take loss of pay through deductions? Not without a setting.
+  [[nodiscard]] bool fnLOPThroughDeductions() const;
   void loadBasicPay(std::int32_t employeeId);
   void lookUpSymbol(const basic::Value& currencyId);
   [[nodiscard]] std::string standingAmount(const std::string& component, const basic::Value& formula,

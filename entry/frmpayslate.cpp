@@ -25,16 +25,9 @@ std::string employeesWithoutEntry(const Session& session) {
          " and emhCompanyID=" + session.companyText() + " and emhCancelled = 0)";
 }
 
-// A date as the list shows it, without the time of day that may follow. Dates may hold blanks themselves.
-std::string withoutTime(const std::string& shown) {
-  const std::size_t blank = shown.rfind(' ');
-  return blank != std::string::npos && shown.find(':', blank) != std::string::npos ? shown.substr(0, blank)
-                                                                                   : shown;
-}
-
 }  // namespace
 
-frmpayslate::frmpayslate(BasPaySlate& bas)
+frmpayslate::frmpayslate(BasPaySlate& bas, EntryList* list)
     : Form("frmpayslate", bas.desktop(), "Monthly Entry"),
       lvwAllow(*this, "lvwAllow", allowColumns()),
       lvwDeduct(*this, "lvwDeduct", deductColumns()),
@@ -42,7 +35,8 @@ frmpayslate::frmpayslate(BasPaySlate& bas)
       lvwfacility(*this, "lvwfacility", facilityColumns(), true),
       lvwCurrency(*this, "lvwCurrency", currencyColumns()),
       bas_(bas),
-      formulas_(bas, {cboEmpname, txtNoPresent, txtNoAbsent, txtNoLeave, state_.dblHolidays}),
+      list_(list),
+      formulas_(bas, state_, {txtNoPresent, txtNoAbsent, txtNoLeave}),
       totals_({lblcursymbol, txtBasicPay, lvwAllow, lvwDeduct, lvwCurrency}),
       attendance_(bas, state_,
                   {cboEmpname, dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave,
@@ -50,11 +44,12 @@ frmpayslate::frmpayslate(BasPaySlate& bas)
       hourlyItems_(bas, helpers_, formulas_, {lvwAllow, lvwDeduct}),
       payLoader_(bas, state_, helpers_, formulas_, hourlyItems_,
                  {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
+      storedMonth_(helpers_,
+                   {txtAtteNo, dtpattdate, cboEmpname, txtBasicPay, Chkpaid, chkHold, lvwAllow, lvwDeduct}),
       allowances_(bas, lvwAllow, helpers_, formulas_, totals_),
-      deductions_(bas, {cboEmpname, lvwDeduct}, helpers_, formulas_, totals_),
-      facilities_(bas, {lvwfacility, lvwDeduct}, helpers_, state_.strCurSymbol,
-                  [this] { DisplayCurrency(); }),
-      listMenu_(cboEmpname, cmdOk),
+      deductions_(bas, state_, lvwDeduct, helpers_, formulas_, totals_),
+      facilities_(bas, {lvwfacility, lvwDeduct}, helpers_, [this] { DisplayCurrency(); }),
+      listMenu_(state_, cmdOk),
       boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}) {
   KeyPreview = true;
   arrange();
@@ -70,9 +65,10 @@ void frmpayslate::wireEvents() {
     bas_.ProcessDate = dtpattdate.Value();
     // A stored month that was met by choosing an employee is not the list's entry: the other date starts
     // afresh.
-    if (!opensStored_) bas_.strMode = EntryMode::New;
+    if (!opened_) bas_.strMode = EntryMode::New;
     Form_Load();
   };
+  cboEmpname.SelectionMoved = [this] { cboEmpname_SelectionMoved(); };
   cboEmpname.Click = [this] { cboEmpname_Click(); };
   cboEmpname.Change = [this] { cboEmpname_Click(); };
   cboEmpname.KeyPress = [this](int& keyAscii) { bas_.EnterToTab(keyAscii); };
@@ -118,7 +114,6 @@ void frmpayslate::Form_Load() {
   desktop().HelpFile = bas_.helpFile();
   bas_.strComboTable = bas_.TableLinks["pemployee"];
   const bool reloaded = !Tag().empty();
-  if (!reloaded) opensStored_ = !bas_.isNewEntry();
   fillEmployees();
   attendance_.computePeriod(*helpers_.objCommonDB);
   Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
@@ -138,18 +133,17 @@ void frmpayslate::fillEmployees() {
     return;
   }
   if (Tag().empty()) bas_.FillCombo(cboEmpname, "eEmpId", "ename", "eCompanyID=" + bas_.companyText());
-  takeEntryFromList();
+  takeListedEntry();
   cboEmpname.Enabled = false;
 }
 
-void frmpayslate::takeEntryFromList() {
-  if (bas_.entryList == nullptr) return;
-  state_.lngEntryID = basic::CLng(basic::Val(bas_.entryList->currentEntryIdText()));
-  const std::string shown = withoutTime(bas_.entryList->currentEntryDateText());
-  if (shown.empty())
+void frmpayslate::takeListedEntry() {
+  if (!opened_) return;
+  state_.lngEntryID = opened_->id;
+  if (!opened_->date)
     throw ado::Error("The entry has no date (emhDate): it has to be given one in the database first.",
                      "22002");
-  dtpattdate.Value = basic::parseDate(shown, desktop().shortDatePattern());
+  dtpattdate.Value = *opened_->date;
 }
 
 void frmpayslate::Form_KeyDown(int& keyCode) {

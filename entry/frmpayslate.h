@@ -2,15 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "component/BasPaySlate.h"
+#include "component/EntryList.h"
+#include "component/EntryRecord.h"
+#include "component/EntryState.h"
 #include "component/FormHelpers.h"
 #include "component/Navigation.h"
 #include "entry/Attendance.h"
-#include "entry/EntryState.h"
 #include "entry/PayBoxes.h"
 #include "entry/PayLoader.h"
+#include "entry/StoredMonth.h"
 #include "facilities/FacilityPage.h"
 #include "paycomponents/AllowancePage.h"
 #include "paycomponents/CurrencyTotals.h"
@@ -18,7 +22,6 @@
 #include "paycomponents/Formulas.h"
 #include "paycomponents/HourlyItems.h"
 #include "paycomponents/ListMenu.h"
-#include "persistence/EntryRecord.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/DatePicker.h"
@@ -30,15 +33,22 @@
 
 namespace payslate {
 
-namespace ado {
-class Recordset;
-}
-
 /// Owns the controls and the rules that span subjects: modes, navigation, closing, the order of a load and of
 /// a save. Each subject has a collaborator of its own, which knows its controls and not the form.
 class frmpayslate : public ui::Form {
  public:
-  explicit frmpayslate(BasPaySlate& bas);
+  /// `list` shows what is stored, and must outlive the form; there need not be one.
+  explicit frmpayslate(BasPaySlate& bas, EntryList* list = nullptr);
+
+  /// Opens a stored entry in a form that is not loaded yet: reads it, loads the form, and fills it. An entry
+  /// that is cancelled or that the payroll run has taken is told of and opens for reading. ado::Error when it
+  /// cannot be read; the form is then of no use.
+  void openStored(const ListedEntry& listed);
+
+  /// Does the form hold the selected employee's month whole, so that it can be stored? If not, what stood in
+  /// the way, as the clerk was told.
+  [[nodiscard]] bool monthIsWhole() const { return state_.month == HeldMonth::Whole; }
+  [[nodiscard]] const std::string& whyNotWhole() const { return state_.whyNotWhole; }
 
   ui::Label lblAtteNo{*this, "lblAtteNo", "MonthlyEntry No:"};
   ui::TextBox txtAtteNo{*this, "txtAtteNo"};
@@ -90,12 +100,6 @@ class frmpayslate : public ui::Form {
   double fnformulaamt(std::int32_t& formulaId) { return formulas_.fnformulaamt(formulaId); }
   void DisplayCurrency() { totals_.DisplayCurrency(); }
 
-  [[nodiscard]] NavigationButtons navigation() { return {cmdFirst, cmdPrevious, cmdNext, cmdLast}; }
-  void dblHolidays(double days) { state_.dblHolidays = days; }
-  /// Whoever filled the form from elsewhere says that the selected employee's month is whole and may be
-  /// saved.
-  void monthIsWhole() { noSaveReason_.clear(); }
-
  private:
   void arrange();  // frmpayslateLayout.cpp: where the controls stand
   void wireEvents();
@@ -104,16 +108,25 @@ class frmpayslate : public ui::Form {
   void Form_KeyDown(int& keyCode);
   void Form_QueryUnload(bool& cancel);
 
+  [[nodiscard]] NavigationButtons navigation() { return {cmdFirst, cmdPrevious, cmdNext, cmdLast}; }
   void fillEmployees();
-  void takeEntryFromList();
+  void takeListedEntry();
 
   // Choosing an employee: frmpayslateSelection.cpp
+  void cboEmpname_SelectionMoved();
   void cboEmpname_Click();
+  void chooseMonth(std::int32_t employeeId);
   [[nodiscard]] bool prepareNewMonth(std::int32_t employeeId);
-  void showEmployeeSymbol(std::int32_t employeeId);
   void loadNewMonth(std::int32_t employeeId);
-  void showStoredMonth(std::int32_t employeeId, ado::Recordset& header);
+  void meetStoredMonth(const EntryRecord& entry);
   void enableNavigation();
+  void holdWhole();
+  /// What OK says of a month that it does not store.
+  [[nodiscard]] static const char* noSaveReason(HeldMonth month);
+
+  // Opening a stored entry: frmpayslateOpening.cpp
+  void showStored(const EntryRecord& header);
+  void refuseChanges(const std::string& reason);
 
   void cmdFirst_Click();
   void cmdPrevious_Click();
@@ -128,17 +141,19 @@ class frmpayslate : public ui::Form {
   [[nodiscard]] EntryRecord record() const;
 
   BasPaySlate& bas_;
+  EntryList* list_;
   FormHelpers helpers_;
   EntryState state_;
   bool blnSaveValid_ = false;
-  bool opensStored_ = false;  ///< The list's current entry was opened.
-  std::string noSaveReason_;  ///< Empty when the form holds the selected employee's month.
+  std::optional<ListedEntry> opened_;  ///< The stored entry that the form was opened with.
+  bool opening_ = false;               ///< It is being shown.
 
   Formulas formulas_;
   CurrencyTotals totals_;
   Attendance attendance_;
   HourlyItems hourlyItems_;
   PayLoader payLoader_;
+  StoredMonth storedMonth_;
   AllowancePage allowances_;
   DeductionPage deductions_;
   FacilityPage facilities_;

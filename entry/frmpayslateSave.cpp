@@ -1,8 +1,9 @@
 // Saving an entry: validation, the one transaction, the list's row.
 #include "entry/frmpayslate.h"
 #include "paycomponents/ListColumns.h"
+#include "persistence/EntryNumbers.h"
 #include "persistence/EntryWriter.h"
-#include "persistence/Transaction.h"
+#include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate {
@@ -25,12 +26,12 @@ PaidCash paidCashOf(const ui::CheckBox& paid, const ui::CheckBox& hold) {
 
 bool frmpayslate::fnValidateEntry() {
   blnSaveValid_ = false;
-  if (cboEmpname.ListIndex() < 0) {
+  if (!state_.employeeId) {
     bas_.refuse("select Employee", cboEmpname);
     return false;
   }
-  if (!noSaveReason_.empty()) {
-    bas_.refuse(noSaveReason_, cboEmpname);
+  if (!monthIsWhole()) {
+    bas_.refuse(noSaveReason(state_.month), cboEmpname);
     return false;
   }
   DisplayCurrency();  // A row that was deleted has left the statement as it was.
@@ -45,28 +46,25 @@ bool frmpayslate::fnValidateEntry() {
 
 EntryRecord frmpayslate::record() const {
   EntryRecord entry;
-  entry.employeeId = cboEmpname.ItemData(cboEmpname.ListIndex());
-  entry.entryDate = dtpattdate.Value();
+  if (!bas_.isNewEntry() && opened_) entry.id = opened_->id;
+  entry.employeeId = state_.employeeId.value();
+  entry.date = dtpattdate.Value();
   entry.paidCash = paidCashOf(Chkpaid, chkHold);
   entry.basicPay = txtBasicPay.Text();
-  if (bas_.entryList != nullptr) entry.browseEntryId = bas_.entryList->currentEntryIdText();
+  entry.periodStart = bas_.dtPeriodStart;
+  entry.periodEnd = bas_.dtPeriodEnd;
   entry.allowances = copyRows(lvwAllow);
   entry.deductions = copyRows(lvwDeduct);
+  entry.facilities = facilities_.taken();
   return entry;
 }
 
 // Rolled back, and its locks given up, before anybody hears of an error.
 void frmpayslate::save() {
   const EntryRecord entry = record();
-  Transaction transaction(*bas_.adocon());
-  transaction.begin();
-  EntryWriter writer(bas_, *helpers_.objCommonDB, entry);
-  state_.lngEntryID = writer.fnSaveHeader();
-  const double browseEntryId = basic::Val(entry.browseEntryId);
-  if (browseEntryId > 0) writer.fnDeleteCarryForward(basic::CLng(browseEntryId));
-  writer.fnSaveAllowanceDetails();
-  writer.fnSaveDeductionDetails();
-  fnSaveFacilityDetails(bas_, state_.lngEntryID, entry.browseEntryId, facilities_.taken());
+  ado::Transaction transaction(*bas_.adocon());
+  StoredEntryNumbers numbers(bas_, *helpers_.objCommonDB);
+  state_.lngEntryID = EntryWriter(bas_, *helpers_.objCommonDB, numbers).store(entry);
   transaction.commit();
 }
 
@@ -76,8 +74,7 @@ void frmpayslate::cmdOk_Click() {
     if (!fnValidateEntry()) return;
     save();
     stored = true;
-    if (bas_.entryList != nullptr)
-      bas_.entryList->RefreshBrowseRow("emhID = " + std::to_string(state_.lngEntryID), state_.lngEntryID);
+    if (list_ != nullptr) list_->RefreshBrowseRow(entryCondition(state_.lngEntryID), state_.lngEntryID);
     cmdOk.Enabled = false;
     Unload();
   } catch (const std::exception& error) {

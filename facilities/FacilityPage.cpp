@@ -1,46 +1,14 @@
-// Loading recoveries, and the deductions that follow from their ticks.
+// Showing recoveries, and the deductions that follow from their ticks.
 #include "facilities/FacilityPage.h"
 
 #include "component/BasPaySlate.h"
-#include "component/CurrencySymbols.h"
 #include "component/FormHelpers.h"
 #include "component/PayRows.h"
 #include "facilities/frmFacilityPopup.h"
-#include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 #include "platform/ui/ListView.h"
 
 namespace payslate {
-
-namespace {
-
-std::string pendingRecoveries(const Session& session, std::int32_t employeeId) {
-  return "select m.fmcurrencyid,h.fthTrackingID,h.fthTrackingno,m.fmFacilityName,"
-         " h.fthDeductionAmt , sum(IsNull(d.efddedamount, 0)) DedcutedAmt,m.fmdeductionid "
-         " from pFacilityMaster m,pdeductions de ,pFacilityTrackingHeader h"
-         " left outer join  pempfacilitydeductiondetail d on h.fthTrackingID=d.efdtrackingid"
-         " and h.fthCompanyID= d.efdcompanyid where h.fthCancelled=0 "
-         " and  m.fmFacilityID=h.fthFacilityID and m.fmCompanyID=h.fthCompanyID and "
-         " h.fthTrackingID not in (select distinct efdtrackingid from pEmpFacilityDeductiondetail"
-         " where efdcompanyid =" +
-         session.companyText() + ") and  h.fthEmployeeID= " + std::to_string(employeeId) +
-         " and h.fthDeductionAmt>0 and h.fthCompanyID=" + session.companyText() +
-         " and de.dCompanyID=m.fmCompanyID "
-         " group by m.fmcurrencyid,h.fthTrackingID,h.fthTrackingno,m.fmFacilityName,h.fthDeductionAmt,"
-         "m.fmdeductionid";
-}
-
-// A recovery that lacks something cannot be recovered rightly.
-std::string requiredText(ado::Recordset& recovery, const char* column) {
-  const basic::Value value = recovery.Fields(column).Value();
-  if (basic::isNull(value))
-    throw ado::Error("A facility recovery of the employee (" + recovery.Fields("fthTrackingID").Text() +
-                         ") has no " + column + ": complete the facility before the entry is made.",
-                     "22002");
-  return basic::textOf(value);
-}
-
-}  // namespace
 
 std::vector<ui::ColumnLayout> facilityColumns() {
   using enum ui::Alignment;
@@ -56,38 +24,21 @@ std::vector<ui::ColumnLayout> facilityColumns() {
 }
 
 FacilityPage::FacilityPage(BasPaySlate& bas, const Controls& controls, const FormHelpers& helpers,
-                           std::string& strCurSymbol, std::function<void()> displayCurrency)
+                           std::function<void()> displayCurrency)
     : bas_(bas),
       controls_(controls),
       helpers_(helpers),
-      strCurSymbol_(strCurSymbol),
       displayCurrency_(std::move(displayCurrency)),
       popup_([this] { return std::make_shared<frmFacilityPopup>(bas_, *this); }) {
   controls_.lvwfacility.ItemCheck = [this](int row) { settleRow(row); };
 }
 
-void FacilityPage::addRecovery(ado::Recordset& recovery) {
-  const std::string amount = requiredText(recovery, "fthDeductionAmt");
-  std::vector<std::string> cells{nextSerialNumber(list()),
-                                 requiredText(recovery, "fthTrackingID"),
-                                 requiredText(recovery, "fthTrackingno"),
-                                 requiredText(recovery, "fmFacilityName"),
-                                 amount,
-                                 amount,
-                                 amount,
-                                 requiredText(recovery, "fmdeductionid")};
-  static_cast<void>(requiredText(recovery, "fmcurrencyid"));
-  strCurSymbol_ = currencySymbol(bas_, *helpers_.objCommonDB, recovery.Fields("fmcurrencyid").Value());
-  cells.push_back(strCurSymbol_);
-  list().addRow(std::move(cells));
-}
-
-void FacilityPage::fnLoadFacilities(std::int32_t employeeId) {
+void FacilityPage::show(const std::vector<FacilityRow>& recoveries, bool ticked) {
   list().clear();
-  ado::Recordset recoveries;
-  recoveries.Open(pendingRecoveries(bas_, employeeId), *bas_.adocon(), ado::CursorType::Keyset,
-                  ado::LockType::Optimistic);
-  for (; !recoveries.Eof(); recoveries.MoveNext()) addRecovery(recoveries);
+  for (const FacilityRow& row : recoveries)
+    list().addRow({std::to_string(row.position), row.trackingId, row.number, row.name, row.actual,
+                   row.deducted, row.settlement, row.deductionId, row.symbol},
+                  ticked);
 }
 
 double FacilityPage::tickedSum(std::int32_t deductionId) const {
@@ -143,9 +94,12 @@ std::vector<FacilityRow> FacilityPage::taken() const {
   std::vector<FacilityRow> rows;
   for (int row = 0; row < facilities.rowCount(); ++row) {
     if (!facilities.isChecked(row)) continue;
-    rows.push_back({static_cast<std::int16_t>(row + 1), facilities.cellText(row, FacilityColumn::FacilityID),
-                    facilities.cellText(row, FacilityColumn::SettlementAmount),
-                    facilities.cellText(row, FacilityColumn::ActualAmount)});
+    const auto cell = [&](int column) { return facilities.cellText(row, column); };
+    rows.push_back({static_cast<std::int16_t>(row + 1), cell(FacilityColumn::FacilityID),
+                    cell(FacilityColumn::FacilityNo), cell(FacilityColumn::FacilityName),
+                    cell(FacilityColumn::ActualAmount), cell(FacilityColumn::DeductedAmount),
+                    cell(FacilityColumn::SettlementAmount), cell(FacilityColumn::DeductionId),
+                    cell(FacilityColumn::CurrencySymbol)});
   }
   return rows;
 }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "component/EntryRecord.h"
 #include "component/ListPage.h"
-#include "facilities/FacilityRows.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/RowControl.h"
 
@@ -16,13 +16,6 @@ namespace payslate {
 
 class frmFacilityPopup;
 struct FormHelpers;
-
-namespace ado {
-class Recordset;
-}
-namespace ui {
-class ComboBox;
-}
 
 namespace FacilityColumn {
 enum : int {
@@ -49,17 +42,20 @@ class FacilityPage : public ListPage {
     ui::ListView& lvwDeduct;
   };
 
-  /// The helpers are those of the entry form; they must be there before anything is loaded or ticked.
-  /// `displayCurrency` rebuilds the totals; `strCurSymbol` receives the currency symbol last looked up.
+  /// The helpers are those of the entry form; they must be there before anything is ticked.
+  /// `displayCurrency` rebuilds the totals.
   FacilityPage(BasPaySlate& bas, const Controls& controls, const FormHelpers& helpers,
-               std::string& strCurSymbol, std::function<void()> displayCurrency);
+               std::function<void()> displayCurrency);
 
-  /// Refills the list with the employee's recoveries that no entry has taken yet, none of them ticked.
-  void fnLoadFacilities(std::int32_t employeeId);
+  /// Refills the list: with recoveries that are still open, none of them ticked; with those of a stored
+  /// entry, all ticked.
+  void fnLoadFacilities(const std::vector<FacilityRow>& open) { show(open, false); }
+  void showTaken(const std::vector<FacilityRow>& taken) { show(taken, true); }
   /// Brings the deduction type's row of type "F" up to date; a new one gets the currency of list row `row`.
   void Addfacilitytodedution(std::int32_t deductionId, int row);
   /// The same for the deduction type of a list row, then the totals.
   void settleRow(int row);
+  /// The ticked ones.
   [[nodiscard]] std::vector<FacilityRow> taken() const;
 
   [[nodiscard]] ui::ListView& list() override { return controls_.lvwfacility; }
@@ -75,7 +71,7 @@ class FacilityPage : public ListPage {
   void DisplayCurrency() const { displayCurrency_(); }
 
  private:
-  void addRecovery(ado::Recordset& recovery);
+  void show(const std::vector<FacilityRow>& recoveries, bool ticked);
   [[nodiscard]] double tickedSum(std::int32_t deductionId) const;
   /// The deduction type's row of type "F"; -1 when there is none.
   [[nodiscard]] int deductionRow(std::int32_t deductionId) const;
@@ -85,7 +81,6 @@ class FacilityPage : public ListPage {
   BasPaySlate& bas_;
   Controls controls_;
   const FormHelpers& helpers_;
-  std::string& strCurSymbol_;
   std::function<void()> displayCurrency_;
   ui::FormSlot<frmFacilityPopup> popup_;
 };

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 #include "host/Database.h"
 #include "platform/scripted/Stage.h"
 

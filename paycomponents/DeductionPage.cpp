@@ -2,6 +2,7 @@
 #include "paycomponents/DeductionPage.h"
 
 #include "component/BasPaySlate.h"
+#include "component/EntryState.h"
 #include "component/FormHelpers.h"
 #include "paycomponents/CurrencyTotals.h"
 #include "paycomponents/ListColumns.h"
@@ -9,25 +10,29 @@
 
 namespace payslate {
 
-DeductionPage::DeductionPage(BasPaySlate& bas, const Controls& controls, const FormHelpers& helpers,
-                             const Formulas& formulas, CurrencyTotals& totals)
-    : bas_(bas), controls_(controls), helpers_(helpers), formulas_(formulas), totals_(totals), popup_([this] {
-        return std::make_shared<frmDeductPopup>(bas_, *this);
-      }) {}
+DeductionPage::DeductionPage(BasPaySlate& bas, const EntryState& state, ui::ListView& lvwDeduct,
+                             const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals)
+    : bas_(bas),
+      state_(state),
+      lvwDeduct_(lvwDeduct),
+      helpers_(helpers),
+      formulas_(formulas),
+      totals_(totals),
+      popup_([this] { return std::make_shared<frmDeductPopup>(bas_, *this); }) {}
 
 bool DeductionPage::mayDelete(int row) const {
-  const std::string& type = controls_.lvwDeduct.cellText(row, DeductColumn::Type);
+  const std::string& type = lvwDeduct_.cellText(row, DeductColumn::Type);
   return type == DeductKind::Added || type == DeductKind::CarriedForward;
 }
 
 std::int32_t DeductionPage::employeeId() const {
-  return controls_.cboEmpname.ItemData(controls_.cboEmpname.ListIndex());
+  return state_.employeeId.value();
 }
 
 void DeductionPage::add() {
   strDeductionFlag = PopupMode::Adding;
   popup_.show([this](frmDeductPopup& popup) {
-    popup.Label2.Caption = controls_.lvwDeduct.columns()[DeductColumn::Amount].header;
+    popup.Label2.Caption = lvwDeduct_.columns()[DeductColumn::Amount].header;
   });
 }
 
@@ -35,17 +40,17 @@ void DeductionPage::edit() {
   strDeductionFlag = PopupMode::Editing;
   popup_.show([this](frmDeductPopup& popup) {
     popup.ShowSelectedDeduction();
-    popup.Label2.Caption = controls_.lvwDeduct.columns()[DeductColumn::Amount].header;
+    popup.Label2.Caption = lvwDeduct_.columns()[DeductColumn::Amount].header;
   });
 }
 
 void DeductionPage::remove() {
-  ui::ListView& list = controls_.lvwDeduct;
-  const int row = list.SelectedItem();
+  const int row = lvwDeduct_.SelectedItem();
   if (!mayDelete(row)) return;
-  if (!deleteSelectedRow(bas_, *helpers_.objCommonDB, list, list.cellText(row, DeductColumn::DeductionType)))
+  if (!deleteSelectedRow(bas_, *helpers_.objCommonDB, lvwDeduct_,
+                         lvwDeduct_.cellText(row, DeductColumn::DeductionType)))
     return;
-  list.select(list.rowCount() - 1);
+  lvwDeduct_.select(lvwDeduct_.rowCount() - 1);
   blnDeductChange = true;
 }
 

@@ -13,24 +13,16 @@ namespace payslate {
 class CurrencyTotals;
 class Formulas;
 class frmDeductPopup;
+struct EntryState;
 struct FormHelpers;
-
-namespace ui {
-class ComboBox;
-}
 
 class DeductionPage : public ListPage {
  public:
-  struct Controls {
-    const ui::ComboBox& cboEmpname;
-    ui::ListView& lvwDeduct;
-  };
-
   /// The helpers are those of the entry form; they must be there before a command runs.
-  DeductionPage(BasPaySlate& bas, const Controls& controls, const FormHelpers& helpers,
-                const Formulas& formulas, CurrencyTotals& totals);
+  DeductionPage(BasPaySlate& bas, const EntryState& state, ui::ListView& lvwDeduct,
+                const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals);
 
-  [[nodiscard]] ui::ListView& list() override { return controls_.lvwDeduct; }
+  [[nodiscard]] ui::ListView& list() override { return lvwDeduct_; }
   [[nodiscard]] bool offersAdd() const override { return true; }
   /// Only what the clerk added goes.
   [[nodiscard]] bool mayDelete(int row) const override;
@@ -49,7 +41,8 @@ class DeductionPage : public ListPage {
 
  private:
   BasPaySlate& bas_;
-  Controls controls_;
+  const EntryState& state_;
+  ui::ListView& lvwDeduct_;
   const FormHelpers& helpers_;
   const Formulas& formulas_;
   CurrencyTotals& totals_;

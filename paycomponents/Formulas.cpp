@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "component/BasPaySlate.h"
+#include "component/EntryState.h"
 #include "component/Session.h"
 #include "paycomponents/ListColumns.h"
 #include "paycomponents/PayLookups.h"
@@ -14,7 +15,6 @@
 #include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
 #include "platform/common/CommonDB.h"
-#include "platform/ui/ComboBox.h"
 #include "platform/ui/TextBox.h"
 
 namespace payslate {
@@ -88,16 +88,14 @@ struct Formulas::Parameters {
 
 Formulas::Parameters Formulas::parameters() const {
   Parameters parameters;
-  parameters.set("PD", Val(controls_.txtNoPresent.Text()) - controls_.dblHolidays);
+  parameters.set("PD", Val(controls_.txtNoPresent.Text()) - state_.dblHolidays);
   parameters.set("AD", Val(controls_.txtNoAbsent.Text()));
   parameters.set("LD", Val(controls_.txtNoLeave.Text()));
-  parameters.set("HD", controls_.dblHolidays);
+  parameters.set("HD", state_.dblHolidays);
 
-  if (controls_.cboEmpname.ListIndex() < 0)
-    throw ado::Error("A formula needs an employee: select one first.", "02000");
-  const std::int32_t employeeId = controls_.cboEmpname.ItemData(controls_.cboEmpname.ListIndex());
+  if (!state_.employeeId) throw ado::Error("A formula needs an employee: select one first.", "02000");
   ado::Recordset row;
-  row.Open(parameterStatement(session_, employeeId), *session_.adocon(), ado::CursorType::ForwardOnly,
+  row.Open(parameterStatement(session_, *state_.employeeId), *session_.adocon(), ado::CursorType::ForwardOnly,
            ado::LockType::ReadOnly);
   if (row.Eof()) return parameters;
   parameters.set("BP", basic::CDbl(row.Fields("basicpay").Value()));

@@ -6,29 +6,28 @@
 
 namespace payslate {
 
+struct EntryState;
 struct Session;
 
 namespace common {
 class CommonDB;
 }
 namespace ui {
-class ComboBox;
 class ListView;
 class TextBox;
 }  // namespace ui
 
 /// What of the entry form a formula reads.
 struct FormulaControls {
-  const ui::ComboBox& cboEmpname;
   const ui::TextBox& txtNoPresent;
   const ui::TextBox& txtNoAbsent;
   const ui::TextBox& txtNoLeave;
-  const double& dblHolidays;
 };
 
 class Formulas {
  public:
-  Formulas(Session& session, const FormulaControls& controls) : session_(session), controls_(controls) {}
+  Formulas(Session& session, const EntryState& state, const FormulaControls& controls)
+      : session_(session), state_(state), controls_(controls) {}
 
   /// Value of the formula for the selected employee and the pay period, with the server's full precision. An
   /// employee must be selected. ado::Error: no such formula or an empty one, whatever the server refuses (an
@@ -51,6 +50,7 @@ class Formulas {
   [[nodiscard]] std::string expression(std::int32_t formulaId) const;
 
   Session& session_;
+  const EntryState& state_;
   FormulaControls controls_;
 };
 

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "component/Amounts.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"
 #include "component/ListPage.h"
@@ -21,8 +22,6 @@ using ado::LockType;
 
 namespace {
 
-constexpr const char* amountPattern = "0.00";
-
 std::string employeeStatement(const Session& session, const std::string& employee) {
   return "select eGradeID, eDesigID,eBasic,hrsofWork from " + session.TableLinks["pemployee"] +
          " where ecompanyid = " + session.companyText() + " and eempID = " + employee;
@@ -33,50 +32,74 @@ std::string ratesStatement(const Session& session, const std::string& employee) 
          " where ecompanyid=" + session.companyText() + " and eEmpId=" + employee;
 }
 
-std::string allowanceHours(const Session& session, const std::string& employee) {
-  return "select d.eaadAllowanceID,sum(d.eaadHours) Hours from " +
-         session.TableLinks["pEmpAttendanceAllowanceDeductions"] + " d," +
-         session.TableLinks["pEmployeeattendence"] +
-         " h where h.eaid = d.eaadAttendanceID and  h.eacompanyid = d.eaadCompanyID and h.eaCancelled =0"
-         " and d.eaadAllowanceID is not null and d.eaadDate >= '" +
-         compactDate(session.dtPeriodStart) + "' and d.eaadDate <='" + compactDate(session.dtPeriodEnd) +
-         "' and eaadCompanyID=" + session.companyText() + " and eaEmpID=" + employee +
-         " group by d.eaadAllowanceID";
+/// What differs between the statements of the two kinds, blanks included.
+struct HourlyTexts {
+  const PayComponentKind& component;
+  const char* hours;
+  const char* hoursFrom;
+  const char* hoursUntil;
+  const char* hoursGroup;
+  const char* formulaTables;
+  const char* formula;
+  const char* formulaCompany;
+  const char* active;
+  const char* activeCompany;
+  const char* activeComponent;
+  const char* name;     ///< In errors, before the identifier.
+  const char* rowKind;  ///< In the list.
+};
+
+const HourlyTexts& textsOf(HourlyKind kind) {
+  static const HourlyTexts allowances{
+      allowanceKind,
+      "select d.eaadAllowanceID,sum(d.eaadHours) Hours from ",
+      " h where h.eaid = d.eaadAttendanceID and  h.eacompanyid = d.eaadCompanyID and h.eaCancelled =0"
+      " and d.eaadAllowanceID is not null and d.eaadDate >= '",
+      "' and d.eaadDate <='",
+      " group by d.eaadAllowanceID",
+      " f,",
+      " a  Where f.fCompanyID = a.aCompanyID and f.fFormulaid=a.aFormulaID  and aAllowanceID= ",
+      " and a.aCompanyID=",
+      "select aAllowanceID, aDescription  from ",
+      " where aactive = 1 and aCompanyID = ",
+      " and aallowanceid= ",
+      "Hours of allowance ",
+      AllowKind::Added};
+  static const HourlyTexts deductions{
+      deductionKind,
+      "select d.eaadDeductionID,sum(d.eaadHours) Hours from ",
+      " h  where h.eaid = d.eaadAttendanceID and  h.eacompanyid = d.eaadCompanyID and h.eaCancelled =0"
+      " and d.eaadDeductionID is not null and d.eaadDate >=  '",
+      "'  and d.eaadDate <='",
+      " group by d.eaadDeductionID",
+      " f ,",
+      " d  Where f.fCompanyID = d.dCompanyID and f.fFormulaid=d.dFormulaID  and d.dDedID= ",
+      " and d.dCompanyID=",
+      "select dDedID, dDescription from ",
+      " where dactive = 1 and dCompanyID = ",
+      " and dDedID=",
+      "Hours of deduction ",
+      DeductKind::Hourly};
+  return kind == HourlyKind::Allowances ? allowances : deductions;
 }
 
-std::string deductionHours(const Session& session, const std::string& employee) {
-  return "select d.eaadDeductionID,sum(d.eaadHours) Hours from " +
-         session.TableLinks["pEmpAttendanceAllowanceDeductions"] + " d," +
-         session.TableLinks["pEmployeeattendence"] +
-         " h  where h.eaid = d.eaadAttendanceID and  h.eacompanyid = d.eaadCompanyID and h.eaCancelled =0"
-         " and d.eaadDeductionID is not null and d.eaadDate >=  '" +
-         compactDate(session.dtPeriodStart) + "'  and d.eaadDate <='" + compactDate(session.dtPeriodEnd) +
-         "' and eaadCompanyID=" + session.companyText() + " and eaEmpID=" + employee +
-         " group by d.eaadDeductionID";
+std::string hoursStatement(const Session& session, const HourlyTexts& texts, std::int32_t employeeId) {
+  return texts.hours + session.TableLinks["pEmpAttendanceAllowanceDeductions"] + " d," +
+         session.TableLinks["pEmployeeattendence"] + texts.hoursFrom + compactDate(session.dtPeriodStart) +
+         texts.hoursUntil + compactDate(session.dtPeriodEnd) +
+         "' and eaadCompanyID=" + session.companyText() + " and eaEmpID=" + std::to_string(employeeId) +
+         texts.hoursGroup;
 }
 
-std::string allowanceFormula(const Session& session, const std::string& allowance) {
-  return " select f.fFormulaID,f.fFormulaName  from " + session.TableLinks["pformula"] + " f," +
-         session.TableLinks["pAllowances"] +
-         " a  Where f.fCompanyID = a.aCompanyID and f.fFormulaid=a.aFormulaID  and aAllowanceID= " +
-         allowance + " and a.aCompanyID=" + session.companyText();
+std::string formulaStatement(const Session& session, const HourlyTexts& texts, const std::string& component) {
+  return " select f.fFormulaID,f.fFormulaName  from " + session.TableLinks["pformula"] + texts.formulaTables +
+         session.TableLinks[texts.component.table] + texts.formula + component + texts.formulaCompany +
+         session.companyText();
 }
 
-std::string deductionFormula(const Session& session, const std::string& deduction) {
-  return " select f.fFormulaID,f.fFormulaName  from " + session.TableLinks["pformula"] + " f ," +
-         session.TableLinks["pDeductions"] +
-         " d  Where f.fCompanyID = d.dCompanyID and f.fFormulaid=d.dFormulaID  and d.dDedID= " + deduction +
-         " and d.dCompanyID=" + session.companyText();
-}
-
-std::string activeAllowance(const Session& session, const std::string& allowance) {
-  return "select aAllowanceID, aDescription  from " + session.TableLinks["pAllowances"] +
-         " where aactive = 1 and aCompanyID = " + session.companyText() + " and aallowanceid= " + allowance;
-}
-
-std::string activeDeduction(const Session& session, const std::string& deduction) {
-  return "select dDedID, dDescription from " + session.TableLinks["pDeductions"] +
-         " where dactive = 1 and dCompanyID = " + session.companyText() + " and dDedID=" + deduction;
+std::string activeStatement(const Session& session, const HourlyTexts& texts, const std::string& component) {
+  return texts.active + session.TableLinks[texts.component.table] + texts.activeCompany +
+         session.companyText() + texts.activeComponent + component;
 }
 
 }  // namespace
@@ -111,7 +134,7 @@ HourlyItems::Rates HourlyItems::ratesOf(std::int32_t employeeId) {
                 LockType::Optimistic);
   if (!employee.Eof()) {
     basicPay = numberOf(employee.Fields("eBasic").Value());
-    dailyHours = basic::CLng(basic::Format(numberOf(employee.Fields("hrsofWork").Value()), amountPattern));
+    dailyHours = basic::CLng(amountText(employee.Fields("hrsofWork").Value()));
   }
   common::CommonDB& database = *helpers_.objCommonDB;
   database.strTableName("pSettings");
@@ -122,40 +145,35 @@ HourlyItems::Rates HourlyItems::ratesOf(std::int32_t employeeId) {
 }
 
 double HourlyItems::amountOf(HourlyKind kind, std::int32_t componentId, double amountByHours) {
-  const bool allowance = kind == HourlyKind::Allowances;
+  const HourlyTexts& texts = textsOf(kind);
   const std::string id = std::to_string(componentId);
   ado::Recordset formula;
-  formula.Open(allowance ? allowanceFormula(bas_, id) : deductionFormula(bas_, id), *bas_.adocon(),
-               CursorType::Keyset, LockType::Optimistic);
+  formula.Open(formulaStatement(bas_, texts, id), *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
   if (formula.Eof()) return amountByHours;
-  const double amount = formulas_.amountOf((allowance ? "Hours of allowance " : "Hours of deduction ") + id,
-                                           basic::CLng(formula.Fields("fFormulaID").Value()));
+  const double amount =
+      formulas_.amountOf(texts.name + id, basic::CLng(formula.Fields("fFormulaID").Value()));
   ado::Recordset result = bas_.adocon()->Execute("select " + basic::numberText(amount));
   return basic::CDbl(result.Fields(0).Value());
 }
 
 void HourlyItems::addRow(HourlyKind kind, std::int32_t componentId, double amount) {
-  const bool allowance = kind == HourlyKind::Allowances;
+  const HourlyTexts& texts = textsOf(kind);
   const std::string id = std::to_string(componentId);
   ado::Recordset active;
-  active.Open(allowance ? activeAllowance(bas_, id) : activeDeduction(bas_, id), *bas_.adocon(),
-              CursorType::Keyset, LockType::Optimistic);
+  active.Open(activeStatement(bas_, texts, id), *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
   if (active.Eof()) return;
-  ui::ListView& list = allowance ? controls_.lvwAllow : controls_.lvwDeduct;
-  const PayLookups lookups(bas_, allowance ? allowanceKind : deductionKind);
-  list.addRow({nextSerialNumber(list), active.Fields(1).Text(), basic::Format(amount, amountPattern), id,
-               allowance ? AllowKind::Added : DeductKind::Hourly,
-               lookups.symbol(*helpers_.objCommonDB, componentId)});
+  ui::ListView& list = kind == HourlyKind::Allowances ? controls_.lvwAllow : controls_.lvwDeduct;
+  list.addRow({nextSerialNumber(list), active.Fields(1).Text(), amountText(amount), id, texts.rowKind,
+               PayLookups(bas_, texts.component).symbol(*helpers_.objCommonDB, componentId)});
 }
 
 void HourlyItems::fnLoadHourlyItems(HourlyKind kind, std::int32_t employeeId) {
   const Rates rates = ratesOf(employeeId);
   const bool allowance = kind == HourlyKind::Allowances;
   if (rates.deduction == 0 && (!allowance || rates.allowance == 0)) return;
-  const std::string employee = std::to_string(employeeId);
   ado::Recordset hours;
-  hours.Open(allowance ? allowanceHours(bas_, employee) : deductionHours(bas_, employee), *bas_.adocon(),
-             CursorType::Keyset, LockType::Optimistic);
+  hours.Open(hoursStatement(bas_, textsOf(kind), employeeId), *bas_.adocon(), CursorType::Keyset,
+             LockType::Optimistic);
   for (; !hours.Eof(); hours.MoveNext()) {
     const std::int32_t componentId = basic::CLng(hours.Fields(0).Value());
     const double rate = allowance ? rates.allowance : rates.deduction;

@@ -3,16 +3,15 @@
 
 #include <algorithm>
 
+#include "component/EntryState.h"
 #include "component/ListPage.h"
 #include "platform/ui/Buttons.h"
-#include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
 #include "platform/ui/ListView.h"
 
 namespace payslate {
 
-ListMenu::ListMenu(const ui::ComboBox& cboEmpname, const ui::CommandButton& cmdOk)
-    : cboEmpname_(cboEmpname), cmdOk_(cmdOk) {
+ListMenu::ListMenu(const EntryState& state, const ui::CommandButton& cmdOk) : state_(state), cmdOk_(cmdOk) {
   mnuAdd_.Click = [this] { mnuAdd_Click(); };
   mnuEdit_.Click = [this] { mnuEdit_Click(); };
   mnuDelete_.Click = [this] { mnuDelete_Click(); };
@@ -38,7 +37,7 @@ ListPage* ListMenu::active() const {
 }
 
 bool ListMenu::canChange() const {
-  return cmdOk_.Enabled() && cboEmpname_.ListIndex() >= 0;
+  return cmdOk_.Enabled() && state_.employeeId.has_value();
 }
 
 void ListMenu::openRow(const char* activeList, ListPage& page) {

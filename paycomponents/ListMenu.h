@@ -10,9 +10,9 @@
 namespace payslate {
 
 class ListPage;
+struct EntryState;
 
 namespace ui {
-class ComboBox;
 class CommandButton;
 }  // namespace ui
 
@@ -27,7 +27,7 @@ constexpr const char* Facilities = "fac";
 class ListMenu {
  public:
   /// While `cmdOk` is disabled the entry cannot be changed and nothing here acts.
-  ListMenu(const ui::ComboBox& cboEmpname, const ui::CommandButton& cmdOk);
+  ListMenu(const EntryState& state, const ui::CommandButton& cmdOk);
 
   /// Takes over the list's clicks and keys. The page must outlive the menu.
   void attach(const char* activeList, ListPage& page);
@@ -51,7 +51,7 @@ class ListMenu {
     ListPage* page;
   };
 
-  const ui::ComboBox& cboEmpname_;
+  const EntryState& state_;
   const ui::CommandButton& cmdOk_;
   std::vector<Attached> pages_;
 

@@ -9,20 +9,13 @@
 namespace payslate {
 
 const PayComponentKind allowanceKind{
-    "pAllowances",
-    "a",
-    "aformulaid",
-    " acompanyid = ",
-    " and aallowanceid = ",
-    " a.acompanyid =  c.companyid and a.acurrencyid = c.currencyid And  c.companyid = ",
-    " And a.aallowanceid = ",
-    "fCompanyID=  aCompanyID and aFormulaID=fFormulaID and   aAllowanceID="};
+    PayKind::Allowance,     "pAllowances",
+    "aformulaid",           " acompanyid = ",
+    " and aallowanceid = ", "fCompanyID=  aCompanyID and aFormulaID=fFormulaID and   aAllowanceID="};
 
 const PayComponentKind deductionKind{
-    "pDeductions",      "d",
-    "dformulaid",       " dcompanyid = ",
-    " and ddedid = ",   " d.dcompanyid =  c.companyid and d.dcurrencyid = c.currencyid And  c.companyid = ",
-    " And d.ddedid = ", "fCompanyID=  dCompanyID and dFormulaID=fFormulaID and   dDedID="};
+    PayKind::Deduction, "pDeductions",    "dformulaid",
+    " dcompanyid = ",   " and ddedid = ", "fCompanyID=  dCompanyID and dFormulaID=fFormulaID and   dDedID="};
 
 std::int32_t PayLookups::formulaId(common::CommonDB& database, std::int32_t componentId) const {
   database.strTableName(session_.TableLinks[kind_.table]);
@@ -32,11 +25,7 @@ std::int32_t PayLookups::formulaId(common::CommonDB& database, std::int32_t comp
 }
 
 std::string PayLookups::symbol(common::CommonDB& database, std::int32_t componentId) const {
-  database.strTableName(session_.TableLinks[kind_.table] + " " + kind_.alias + ", " +
-                        session_.TableLinks["pCurrencyMaster"] + " c");
-  return basic::textOf(database.fnreturnfield(
-      "symbol",
-      kind_.symbolCompany + session_.companyText() + kind_.symbolComponent + std::to_string(componentId)));
+  return CurrencySymbols(session_, database).ofComponent(kind_.kind, componentId);
 }
 
 std::string PayLookups::formulaCode(common::CommonDB& database, std::int32_t componentId) const {

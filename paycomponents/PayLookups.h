@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "component/CurrencySymbols.h"
+
 namespace payslate {
 
 struct Session;
@@ -15,13 +17,11 @@ class CommonDB;
 /// How one kind of pay component is kept: the table by its logical name, the field that points at the
 /// formula, and the texts of the conditions, each followed by the company or the component's identifier.
 struct PayComponentKind {
+  PayKind kind;
   const char* table;
-  const char* alias;
   const char* formulaField;
   const char* formulaCompany;
   const char* formulaComponent;
-  const char* symbolCompany;
-  const char* symbolComponent;
   const char* codeComponent;
 };
 

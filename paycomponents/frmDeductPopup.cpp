@@ -101,7 +101,7 @@ void frmDeductPopup::optSalCarryFwd_Click() {
     txtAmount.Enabled = true;
   }
   lblformula.Caption = "";
-  lblsymbol.Caption = employeeCurrencySymbol(bas_, *helpers_.objCommonDB, page_.employeeId());
+  lblsymbol.Caption = CurrencySymbols(bas_, *helpers_.objCommonDB).ofEmployee(page_.employeeId());
 }
 
 void frmDeductPopup::showFixedRow(int row) {

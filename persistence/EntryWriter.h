@@ -1,48 +1,49 @@
-// Writing one entry: header row, allowance and deduction rows, carried-forward movements.
+// Writing one entry: header row, carried-forward movements, allowance, deduction and recovery rows.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
-#include "persistence/EntryRecord.h"
+#include "component/EntryRecord.h"
 #include "platform/basic/Value.h"
 
 namespace payslate {
 
+class EntryNumbers;
 struct Session;
 
+namespace ado {
+class Recordset;
+}
 namespace common {
 class CommonDB;
 }
 
-/// All procedures run inside the caller's transaction, in the order in which they are declared, and hand
-/// every error (ado::Error, basic::ValueError) to the caller, who rolls back.
 class EntryWriter {
  public:
-  /// The helper must have its connection; it and the entry must outlive the writer.
-  EntryWriter(Session& session, common::CommonDB& database, const EntryRecord& entry)
-      : session_(session), database_(database), entry_(entry) {}
+  /// The helper must have its connection; all must outlive the writer.
+  EntryWriter(Session& session, common::CommonDB& database, EntryNumbers& numbers)
+      : session_(session), database_(database), numbers_(numbers) {}
 
-  /// Adds (mode "N") or rewrites (mode "E") the header row; returns the entry's identifier.
-  std::int32_t fnSaveHeader();
-  /// Mode "E": deletes the movements of an entry. Mode "N": nothing.
-  void fnDeleteCarryForward(std::int32_t entryId);
-  void fnSaveAllowanceDetails();
-  void fnSaveDeductionDetails();
+  /// Adds an entry that has no identifier yet, or rewrites the one that has it, every row of it, and returns
+  /// its identifier. Number and date of a stored entry stay. Runs inside the caller's transaction and hands
+  /// every error (ado::Error, basic::ValueError) to the caller, who rolls back.
+  std::int32_t store(const EntryRecord& entry);
 
  private:
-  void fnGetEntryNo();
-  void fnAddCarryForwardRow(std::int32_t entryId, double amount, std::int16_t mode);
+  void fnSaveHeader(const EntryRecord& entry);
+  void startNew(ado::Recordset& header, const EntryRecord& entry);
+  void startStored(ado::Recordset& header, const EntryRecord& entry);
+  void fnSaveAllowanceDetails(const EntryRecord& entry);
+  void fnSaveDeductionDetails(const EntryRecord& entry);
+  void fnSaveFacilityDetails(const EntryRecord& entry);
   /// The employee's basic pay as it stands in the database; ado::Error when there is no such employee.
-  [[nodiscard]] basic::Value originalBasic();
-  [[nodiscard]] std::string entryPrefix();
-  [[nodiscard]] double largestRunningNumber(const std::string& prefix);
+  [[nodiscard]] basic::Value originalBasic(std::int32_t employeeId);
 
   Session& session_;
   common::CommonDB& database_;
-  const EntryRecord& entry_;
+  EntryNumbers& numbers_;
   std::int32_t lngEntryID_ = 0;
-  std::string strEntryNo_;
   std::int16_t intCurDetailID_ = 1;
 };
 

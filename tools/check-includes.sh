@@ -16,15 +16,15 @@ platform/ui/         : platform/basic/
 platform/scripted/   : platform/basic/ platform/ui/
 platform/common/     : platform/basic/ platform/ado/ platform/ui/
 schema/              : platform/basic/ platform/ado/
-component/clspayslate: component/ browser/ $platform
 component/           : $platform
-persistence/         : component/Session.h component/PayRows.h platform/basic/ platform/ado/ platform/common/
+persistence/         : component/ platform/basic/ platform/ado/ platform/common/
 facilities/          : component/ $platform
 paycomponents/       : component/ $platform
 entry/               : component/ facilities/ paycomponents/ persistence/ $platform
 browser/             : component/ persistence/ entry/ $platform
+payslate/            : component/ browser/ $platform
 desktop/             : platform/basic/ platform/ui/ <Q
-host/                : component/ schema/ desktop/ platform/ <Q <CLI/
+host/                : payslate/ schema/ desktop/ platform/ <Q <CLI/
 "
 
 # Standard headers have no dot and no capital; everything else in angle brackets must be allowed by name.
@@ -47,7 +47,7 @@ while IFS= read -r file; do
     done
     [ "$ok" = yes ] || { echo "$file: may not include $included"; faults=1; }
   done < <(sed -n 's/^ *# *include *"\([^"]*\)".*/\1/p; s/^ *# *include *\(<[^>]*>\).*/\1/p' "$file")
-done < <(find platform schema component persistence facilities paycomponents entry browser desktop host \
+done < <(find platform schema component persistence facilities paycomponents entry browser payslate desktop host \
               -name '*.cpp' -o -name '*.h' | sort)
 [ "$faults" -eq 0 ] && echo "All includes point the right way."
 exit "$faults"

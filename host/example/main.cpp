@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 #include "desktop/QtDesktop.h"
 #include "platform/ado/Connection.h"
 #include "platform/ui/Clerk.h"

@@ -23,23 +23,27 @@ const ComboBox::Item& ComboBox::item(int index) const {
   return items_[static_cast<std::size_t>(index)];
 }
 
+// The position of the text cursor stays: who moves it, moves it after this.
+void ComboBox::moveTo(int index, std::string text, Aspect aspect) {
+  text_ = std::move(text);
+  const bool moved = index != listIndex_ || aspect == Aspect::Items;
+  listIndex_ = index;
+  tell(aspect);
+  if (moved) SelectionMoved.raise();
+}
+
 void ComboBox::setListIndex(int index) {
   requireItem(index, -1);
   if (index == listIndex_) return;
-  listIndex_ = index;
-  text_ = index < 0 ? std::string() : List(index);
-  selStart_ = 0;
-  selLength_ = 0;
-  tell(Aspect::ListIndex);
+  selStart_ = selLength_ = 0;
+  moveTo(index, index < 0 ? std::string() : List(index), Aspect::ListIndex);
   Click.raise();
 }
 
 void ComboBox::setText(std::string text) {
   if (text == text_) return;
-  text_ = std::move(text);
-  listIndex_ = -1;
   selStart_ = selLength_ = 0;
-  tell(Aspect::ListIndex);
+  moveTo(-1, std::move(text), Aspect::ListIndex);
 }
 
 void ComboBox::Clear() {
@@ -53,10 +57,8 @@ void ComboBox::AddItem(std::string text, std::int32_t itemData) {
 
 void ComboBox::setItems(std::vector<Item> items) {
   items_ = std::move(items);
-  text_.clear();
-  listIndex_ = -1;
   selStart_ = selLength_ = 0;
-  tell(Aspect::Items);
+  moveTo(-1, {}, Aspect::Items);
 }
 
 std::optional<std::string> ComboBox::propertyText(std::string_view property) const {
@@ -69,15 +71,11 @@ std::optional<std::string> ComboBox::propertyText(std::string_view property) con
 }
 
 void ComboBox::typeText(std::string text) {
-  text_ = std::move(text);
-  listIndex_ = -1;
-  tell(Aspect::ListIndex);
+  moveTo(-1, std::move(text), Aspect::ListIndex);
   Change.raise();
   const int found = typedItem();
   if (found < 0 || listIndex_ >= 0) return;
-  listIndex_ = found;
-  text_ = List(found);
-  tell(Aspect::ListIndex);
+  moveTo(found, List(found), Aspect::ListIndex);
   Click.raise();
 }
 

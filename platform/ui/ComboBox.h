@@ -43,6 +43,8 @@ class ComboBox : public Control {
 
   const ComboStyle Style;
 
+  /// The selected item is another one, or none any more, however that came. Told before Click and Change.
+  Event<> SelectionMoved;
   Event<> Click;   ///< An item was selected, by whomever.
   Event<> Change;  ///< The user typed.
 
@@ -62,6 +64,7 @@ class ComboBox : public Control {
  private:
   [[nodiscard]] const Item& item(int index) const;
   void requireItem(int index, int lowest) const;
+  void moveTo(int index, std::string text, Aspect aspect);
   [[nodiscard]] int typedItem() const;  // -1 for none
   bool editKey(const Key& key);
   void selectByInitial(char32_t character);

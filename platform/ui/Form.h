@@ -134,7 +134,19 @@ class FormSlot {
   /// is not kept, and the error goes to the caller.
   template <class Prepare>
   void show(Prepare prepare) {
-    F& form = get();
+    shown(get(), prepare);
+  }
+
+  /// The same for an instance that `open` loads itself, where something comes before the load.
+  template <class Open>
+  void open(Open open) {
+    if (!isLoaded()) form_ = make_();
+    shown(*form_, open);
+  }
+
+ private:
+  template <class Prepare>
+  void shown(F& form, Prepare& prepare) {
     try {
       prepare(form);
     } catch (...) {
@@ -144,7 +156,6 @@ class FormSlot {
     form.Show();
   }
 
- private:
   std::function<std::shared_ptr<F>()> make_;
   std::shared_ptr<F> form_;
 };

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"

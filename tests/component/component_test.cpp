@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "component/BasPaySlate.h"
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 #include "platform/ado/Error.h"
 #include "platform/common/CommonGen.h"
 #include "platform/common/clsCommonGen.h"

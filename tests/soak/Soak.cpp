@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 #include "platform/scripted/ScriptedDesktop.h"

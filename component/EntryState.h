@@ -2,13 +2,27 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/basic/Date.h"
 
 namespace payslate {
 
+/// What the entry form holds of the selected employee's month.
+enum class HeldMonth {
+  Nothing,        ///< Nobody is selected, or the month could not be loaded whole.
+  StoredAlready,  ///< The employee has an entry for the month, which choosing does not open.
+  Whole,
+};
+
 struct EntryState {
+  /// The employee that the form's combo has selected, at every moment; none when none is.
+  std::optional<std::int32_t> employeeId;
+
+  HeldMonth month = HeldMonth::Nothing;
+  std::string whyNotWhole;  ///< What stood in the way, as the clerk was told; empty when the month is whole.
+
   std::int32_t lngEntryID = 0;  ///< emhID of the entry shown or saved; 0 while it has none.
   double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.
   double dblHolidays = 0;       ///< Holidays in the employee's attendance of the period.

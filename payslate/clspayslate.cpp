@@ -1,5 +1,5 @@
 // From the host's call to the list of entries.
-#include "component/clspayslate.h"
+#include "payslate/clspayslate.h"
 
 #include "browser/FrmMaster.h"
 #include "component/BasPaySlate.h"

@@ -1,0 +1,17 @@
+// Amounts of money as texts.
+#pragma once
+
+#include <string>
+
+#include "platform/basic/Value.h"
+
+namespace payslate {
+
+/// Two decimals and a period: how lists show an amount and how it is stored.
+std::string amountText(double amount);
+/// The same of a value out of the database; Null is 0.
+std::string amountText(const basic::Value& amount);
+/// The same of what was typed, where that is a number; any other text as it is.
+std::string typedAmountText(const std::string& typed);
+
+}  // namespace payslate

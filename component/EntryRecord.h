@@ -1,0 +1,49 @@
+// One entry as plain values: as it is stored, as its form shows it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/basic/Date.h"
+
+namespace payslate {
+
+/// Codes of emhpaidcash. A stored entry can have any other number too, which means none of these.
+enum class PaidCash : std::int16_t { Normal = 0, PaidInCash = 1, OnHold = 2 };
+
+/// The cells of one row of a pay list, in the list's column order (PayRows.h).
+using ListRow = std::vector<std::string>;
+
+/// One recovery of a facility's cost; identifiers and amounts as the list shows them.
+struct FacilityRow {
+  std::int16_t position = 0;  ///< In the list, 1 for the first row.
+  std::string trackingId;
+  std::string number;
+  std::string name;
+  std::string actual;      ///< The whole amount.
+  std::string deducted;    ///< As loaded.
+  std::string settlement;  ///< What is recovered in this entry.
+  std::string deductionId;
+  std::string symbol;
+};
+
+struct EntryRecord {
+  std::int32_t id = 0;  ///< emhID; 0 while it is not stored.
+  std::string number;
+  basic::Date date;
+  std::int32_t employeeId = 0;
+  PaidCash paidCash = PaidCash::Normal;
+  /// As the clerk left it; a text without a number is refused when it is stored.
+  std::string basicPay;
+  basic::Date periodStart;
+  basic::Date periodEnd;
+  bool cancelled = false;
+  bool processed = false;  ///< The payroll run has taken it.
+
+  std::vector<ListRow> allowances;
+  std::vector<ListRow> deductions;
+  std::vector<FacilityRow> facilities;  ///< Those that are taken.
+};
+
+}  // namespace payslate

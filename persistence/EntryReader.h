@@ -1,0 +1,59 @@
+// Reading entries: one that is stored, those of a month, and the recoveries that no entry has taken.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "component/EntryRecord.h"
+#include "platform/basic/Date.h"
+
+namespace payslate {
+
+struct Session;
+
+namespace ado {
+class Recordset;
+}
+namespace common {
+class CommonDB;
+}
+
+/// The header alone. ado::Error when the entry is not there any more.
+EntryRecord readHeader(Session& session, std::int32_t entryId);
+
+/// Header of the employee's live entry in the month of the date; of any entry, where the way began at an
+/// opened one.
+std::optional<EntryRecord> liveInMonth(Session& session, std::int32_t employeeId, basic::Date date);
+std::optional<EntryRecord> anyInMonth(Session& session, std::int32_t employeeId, basic::Date date);
+
+/// Has the payroll run taken the entry?
+bool isProcessedEntry(Session& session, std::int32_t entryId);
+
+/// What asks for currency symbols on its way.
+class EntryReader {
+ public:
+  /// The helper must have its connection; both must outlive the reader.
+  EntryReader(Session& session, common::CommonDB& database) : session_(session), database_(database) {}
+
+  /// The rows of an entry, each kind by its own statements. They are appended to what the record holds, so
+  /// that salary carried forward, which goes into both lists, comes behind the allowances and deductions.
+  void readDeductions(EntryRecord& entry);
+  void readAllowances(EntryRecord& entry);
+  void fnLoadEntryFacilities(EntryRecord& entry);
+  void fnLoadEntryCarryForward(EntryRecord& entry);
+  /// Header and rows.
+  [[nodiscard]] EntryRecord whole(std::int32_t entryId);
+
+  /// The employee's recoveries that no entry has taken. ado::Error for one that lacks something.
+  [[nodiscard]] std::vector<FacilityRow> openRecoveries(std::int32_t employeeId);
+
+ private:
+  [[nodiscard]] ListRow deduction(ado::Recordset& rows);
+
+  Session& session_;
+  common::CommonDB& database_;
+};
+
+}  // namespace payslate
