@@ -84,7 +84,7 @@ class Commands {
 
   void addShow() {
     CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
-    scripted::Session& session = words_.show.session;
+    scripted::HostSession& session = words_.show.session;
     session.title = "Payroll";
     parser->add_option("--connect", words_.show.connect, connectHelp)->required();
     const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});

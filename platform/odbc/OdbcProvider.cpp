@@ -6,7 +6,7 @@
 
 #include "platform/odbc/ResultCursor.h"
 #include "platform/odbc/SelectedTable.h"
-#include "platform/odbc/Session.h"
+#include "platform/odbc/ServerSession.h"
 
 namespace payslate::odbc {
 namespace {
@@ -33,7 +33,7 @@ class OdbcProvider final : public ado::Provider {
       session_.change(statement);
       return nullptr;
     }
-    Session::Result result = session_.run(statement);
+    ServerSession::Result result = session_.run(statement);
     if (result.columns == 0) return nullptr;
     return std::make_unique<ResultCursor>(session_, std::move(result), query ? std::string(statement) : "");
   }
@@ -93,7 +93,7 @@ class OdbcProvider final : public ado::Provider {
     return list;
   }
 
-  Session session_;
+  ServerSession session_;
   std::map<std::string, std::vector<std::string>> keys_;
 };
 

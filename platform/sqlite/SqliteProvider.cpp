@@ -7,8 +7,8 @@
 #include <unordered_map>
 
 #include "platform/basic/Numbers.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/RowCursor.h"
-#include "platform/sqlite/Session.h"
 #include "platform/sqlite/StoredCatalog.h"
 #include "platform/sqlite/Values.h"
 #include "platform/tsql/Generator.h"
@@ -77,18 +77,18 @@ void checkFile(const Options& options) {
 class SqliteProvider : public ado::Provider {
  public:
   explicit SqliteProvider(const Options& options)
-      : session_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
+      : file_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
         translator_(catalog_) {
     try {
-      if (session_.isReadOnly()) refuse("The file cannot be written.", "08001");
-      session_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
-      StoredCatalog::prepare(session_);
+      if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
+      file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
+      StoredCatalog::prepare(file_);
     } catch (const ado::Error& error) {
       throw ado::Error("'" + options.path + "' cannot be opened: " + error.Description, "08001", source,
                        error.Number, error.NativeError);
     }
-    session_.run("PRAGMA journal_mode = WAL");
-    session_.run("PRAGMA synchronous = FULL");
+    file_.run("PRAGMA journal_mode = WAL");
+    file_.run("PRAGMA synchronous = FULL");
     reload();
   }
 
@@ -99,33 +99,33 @@ class SqliteProvider : public ado::Provider {
       return nullptr;
     }
     if (!translation->returnsRows) {
-      session_.run(translation->sql.front(), translation->bindings);
+      file_.run(translation->sql.front(), translation->bindings);
       return nullptr;
     }
-    std::unique_ptr<Statement> prepared = session_.prepare(translation->sql.front());
+    std::unique_ptr<Statement> prepared = file_.prepare(translation->sql.front());
     prepared->bind(translation->bindings);
-    return std::make_unique<RowCursor>(session_, std::move(prepared), translation->columns);
+    return std::make_unique<RowCursor>(file_, std::move(prepared), translation->columns);
   }
 
   [[nodiscard]] std::optional<std::uint64_t> changedRows() const override {
-    return static_cast<std::uint64_t>(session_.changedRows());
+    return static_cast<std::uint64_t>(file_.changedRows());
   }
 
   void begin() override {
-    if (session_.inTransaction()) refuse("A transaction is open already.", "25001");
-    session_.run("BEGIN IMMEDIATE");
+    if (file_.inTransaction()) refuse("A transaction is open already.", "25001");
+    file_.run("BEGIN IMMEDIATE");
   }
 
   void commit() override {
-    if (!session_.inTransaction()) refuse("There is no transaction to commit.", "25000");
-    session_.run("COMMIT");
+    if (!file_.inTransaction()) refuse("There is no transaction to commit.", "25000");
+    file_.run("COMMIT");
     schemaTouched_ = false;
   }
 
   void rollback() override {
-    if (!session_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
-    session_.settleCursors();
-    session_.run("ROLLBACK");
+    if (!file_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
+    file_.settleCursors();
+    file_.run("ROLLBACK");
     if (std::exchange(schemaTouched_, false)) reload();
   }
 
@@ -148,7 +148,7 @@ class SqliteProvider : public ado::Provider {
 
   void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
     const tsql::TableInfo& info = current(table);
-    if (row.empty()) return session_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
+    if (row.empty()) return file_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
     std::string names;
     std::string places;
     std::vector<tsql::Cell> values;
@@ -158,8 +158,8 @@ class SqliteProvider : public ado::Provider {
       names += (names.empty() ? "" : ", ") + tsql::quotedName(column.name);
       places += (places.empty() ? "?" : ", ?") + std::to_string(values.size());
     }
-    session_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
-                 values);
+    file_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
+              values);
   }
 
   void update(const std::string& table, const std::vector<ado::Assignment>& key,
@@ -181,9 +181,9 @@ class SqliteProvider : public ado::Provider {
     };
     const std::string assignments = listed(row, ", ");
     const std::string condition = listed(key, " AND ");
-    session_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
-                 values);
-    if (session_.changedRows() == 0) {
+    file_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
+              values);
+    if (file_.changedRows() == 0) {
       refuse("The row of '" + info.name + "' is not there any more: another user has deleted it.", "HY000");
     }
   }
@@ -191,7 +191,7 @@ class SqliteProvider : public ado::Provider {
  private:
   // Translations are kept by text for as long as the catalog stays what it is.
   std::shared_ptr<const tsql::Translation> translated(std::string_view statement) {
-    if (session_.number("PRAGMA user_version") != version_) reload();
+    if (file_.number("PRAGMA user_version") != version_) reload();
     std::string text(statement);
     if (const auto known = translations_.find(text); known != translations_.end()) return known->second;
     try {
@@ -208,33 +208,33 @@ class SqliteProvider : public ado::Provider {
   void reload() {
     translations_.clear();
     translator_.schemaChanged();
-    session_.dropIdleStatements();
-    version_ = session_.number("PRAGMA user_version");
-    catalog_.load(session_);
+    file_.dropIdleStatements();
+    version_ = file_.number("PRAGMA user_version");
+    catalog_.load(file_);
   }
 
   // All of it or nothing, inside a transaction or outside of one.
   void changeSchema(const tsql::Translation& translation) {
-    session_.settleCursors();
-    const bool inside = session_.inTransaction();
-    session_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
+    file_.settleCursors();
+    const bool inside = file_.inTransaction();
+    file_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
     try {
-      for (const std::string& sql : translation.sql) session_.run(sql);
-      StoredCatalog::record(session_, *translation.change);
-      const std::int64_t next = session_.number("PRAGMA user_version") + 1;
-      session_.run("PRAGMA user_version = " + std::to_string(next));
+      for (const std::string& sql : translation.sql) file_.run(sql);
+      StoredCatalog::record(file_, *translation.change);
+      const std::int64_t next = file_.number("PRAGMA user_version") + 1;
+      file_.run("PRAGMA user_version = " + std::to_string(next));
     } catch (const ado::Error&) {
-      session_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
-      if (inside) session_.run("RELEASE schema_change");
+      file_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
+      if (inside) file_.run("RELEASE schema_change");
       throw;
     }
-    session_.run(inside ? "RELEASE schema_change" : "COMMIT");
+    file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     schemaTouched_ = inside;
     reload();
   }
 
   const tsql::TableInfo& current(const std::string& table) {
-    if (session_.number("PRAGMA user_version") != version_) reload();
+    if (file_.number("PRAGMA user_version") != version_) reload();
     const tsql::TableInfo* info = catalog_.table(table);
     if (info == nullptr) refuse("There is no table '" + table + "'.", tsql::state::noSuchTable);
     return *info;
@@ -257,7 +257,7 @@ class SqliteProvider : public ado::Provider {
     }
   }
 
-  Session session_;
+  DatabaseFile file_;
   StoredCatalog catalog_;
   tsql::Translator translator_;
   std::unordered_map<std::string, std::shared_ptr<const tsql::Translation>> translations_;
