@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/odbc/DriverString.h"
 #include "platform/odbc/ResultCursor.h"
 #include "platform/odbc/SelectedTable.h"
 #include "platform/odbc/ServerSession.h"
@@ -20,7 +21,7 @@ constexpr const char* changing[] = {"insert", "update", "delete"};
 
 class OdbcProvider final : public ado::Provider {
  public:
-  explicit OdbcProvider(const ConnectionString& connection) : session_(connection) {}
+  explicit OdbcProvider(const ado::ConnectionString& connection) : session_(connection) {}
 
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
     const bool query = beginsWith(statement, "select");
@@ -103,11 +104,10 @@ ado::ProviderEntry providerEntry() {
   ado::ProviderEntry entry;
   entry.name = "ODBC (Driver=, DSN= or Server=)";
   entry.accepts = [](std::string_view connection) {
-    const ConnectionString parsed{std::string(connection)};
-    return parsed.has("driver") || parsed.has("dsn") || parsed.has("filedsn") || parsed.has("server");
+    return isForDriver(ado::ConnectionString(std::string(connection)));
   };
   entry.open = [](const std::string& connection) -> std::unique_ptr<ado::Provider> {
-    return std::make_unique<OdbcProvider>(ConnectionString(connection));
+    return std::make_unique<OdbcProvider>(ado::ConnectionString(connection));
   };
   return entry;
 }

@@ -37,7 +37,7 @@ bool leavesTransaction(const ado::Error& error) {
 
 }  // namespace
 
-ServerSession::ServerSession(const ConnectionString& connection) : link_(connection) {}
+ServerSession::ServerSession(const ado::ConnectionString& connection) : link_(connection) {}
 
 ServerSession::~ServerSession() {
   // Cursors that are still about give their statements back here, before the connection goes.

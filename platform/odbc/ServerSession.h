@@ -21,7 +21,7 @@ class ResultCursor;
 class ServerSession {
  public:
   /// ado::Error where the connection cannot be opened.
-  explicit ServerSession(const ConnectionString& connection);
+  explicit ServerSession(const ado::ConnectionString& connection);
   ~ServerSession();
   ServerSession(const ServerSession&) = delete;
   ServerSession& operator=(const ServerSession&) = delete;

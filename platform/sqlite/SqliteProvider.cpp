@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <unordered_map>
 
+#include "platform/ado/ConnectionString.h"
 #include "platform/basic/Numbers.h"
 #include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/RowCursor.h"
@@ -19,13 +20,13 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr const char* source = "payslate.sqlite";
-constexpr const char* memoryPath = ":memory:";
 constexpr int defaultBusyMilliseconds = 5000;
 constexpr std::size_t mostTranslations = 1000;
 
 /// PATH;Create=True;BusyTimeout=milliseconds
 struct Options {
   std::string path;
+  bool inMemory = false;
   bool create = false;
   int busyMilliseconds = defaultBusyMilliseconds;
 };
@@ -34,35 +35,25 @@ struct Options {
   throw ado::Error(sentence, sqlState, source);
 }
 
-Options parseOptions(const std::string& connection) {
-  Options options;
-  std::size_t end = connection.find(';');
-  options.path = basic::Trim(connection.substr(0, end));
-  while (end != std::string::npos) {
-    const std::size_t start = end + 1;
-    end = connection.find(';', start);
-    const std::string option =
-        basic::Trim(connection.substr(start, end == std::string::npos ? end : end - start));
-    if (option.empty()) continue;
-    const std::size_t sign = option.find('=');
-    const std::string name = basic::lower(basic::Trim(option.substr(0, sign)));
-    const std::string value =
-        sign == std::string::npos ? "" : basic::lower(basic::Trim(option.substr(sign + 1)));
+Options optionsOf(const ado::ConnectionString& connection) {
+  Options options{connection.path(), connection.isInMemory()};
+  for (const auto& [key, given] : connection.parts()) {
+    const std::string name = basic::lower(key);
+    const std::string value = basic::lower(given.value_or(""));
     if (name == "create" && (value == "true" || value == "false")) {
       options.create = value == "true";
     } else if (name == "busytimeout" && basic::IsNumeric(value)) {
       options.busyMilliseconds = basic::CLng(basic::Value(value));
     } else {
       // What follows the name may be a password, of a string for another database.
-      refuse("The option '" + basic::Trim(option.substr(0, sign)) +
-             "' of the connection string is not known.");
+      refuse("The option '" + key + "' of the connection string is not known.");
     }
   }
   return options;
 }
 
 void checkFile(const Options& options) {
-  if (options.path == memoryPath) return;
+  if (options.inMemory) return;
   std::error_code ignored;  // A path that cannot be looked at counts as missing.
   if (options.path.empty() || !std::filesystem::exists(options.path, ignored)) {
     if (!options.create || options.path.empty()) refuse("There is no database file '" + options.path + "'.");
@@ -77,7 +68,7 @@ void checkFile(const Options& options) {
 class SqliteProvider : public ado::Provider {
  public:
   explicit SqliteProvider(const Options& options)
-      : file_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
+      : file_(options.path, options.create || options.inMemory, options.busyMilliseconds),
         translator_(catalog_) {
     try {
       if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
@@ -271,10 +262,10 @@ ado::ProviderEntry providerEntry() {
   ado::ProviderEntry entry;
   entry.name = "embedded";
   entry.accepts = [](std::string_view connection) {
-    return connection.substr(0, connection.find(';')).find('=') == std::string_view::npos;
+    return ado::ConnectionString(std::string(connection)).isPath();
   };
   entry.open = [](const std::string& connection) -> std::unique_ptr<ado::Provider> {
-    const Options options = parseOptions(connection);
+    const Options options = optionsOf(ado::ConnectionString(connection));
     checkFile(options);
     return std::make_unique<SqliteProvider>(options);
   };
