@@ -8,6 +8,7 @@
 #include <ostream>
 
 #include "host/Commands.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
 
@@ -84,7 +85,7 @@ class Commands {
 
   void addShow() {
     CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
-    scripted::Session& session = words_.show.session;
+    scripted::HostSession& session = words_.show.session;
     session.title = "Payroll";
     parser->add_option("--connect", words_.show.connect, connectHelp)->required();
     const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
@@ -124,23 +125,6 @@ bool isCommand(const CLI::App& app, const std::string& word) {
                      [&word](const CLI::App* command) { return command->get_name() == word; });
 }
 
-// A mistyped command repeats what was typed: passwords stay out of it.
-std::string withoutPasswords(std::string text) {
-  constexpr const char* blanks = " \t";
-  for (const std::string key : {"pwd", "password"}) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-      if (!basic::sameName(text.substr(at, key.size()), key)) continue;
-      const std::size_t sign = text.find_first_not_of(blanks, at + key.size());
-      if (sign == std::string::npos || text[sign] != '=') continue;
-      const std::size_t value = std::min(text.find_first_not_of(blanks, sign + 1), text.size());
-      const bool braces = value < text.size() && text[value] == '{';
-      const std::size_t end = text.find(';', braces ? text.find('}', value) : value);
-      text.replace(value, std::min(end, text.size()) - value, "***");
-    }
-  }
-  return text;
-}
-
 // One line; what stood on a line of its own is a sentence of its own.
 std::string sentence(const std::string& text) {
   std::string result;
@@ -173,7 +157,8 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
   } catch (const std::exception& error) {
     problem = error.what();
   }
-  err << "payroll-host: " << sentence(withoutPasswords(problem)) << '\n';
+  // A mistyped command repeats what was typed.
+  err << "payroll-host: " << sentence(ado::blotSecrets(problem)) << '\n';
   return static_cast<int>(ExitCode::Refused);
 }
 

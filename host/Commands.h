@@ -8,7 +8,7 @@
 
 #include "host/Refusal.h"
 #include "host/Screen.h"
-#include "platform/scripted/Stage.h"
+#include "platform/scripted/HostSession.h"
 
 namespace payslate::host {
 
@@ -27,7 +27,7 @@ struct ErrandWish {
 
 struct ShowWish {
   std::string connect;
-  scripted::Session session;
+  scripted::HostSession session;
 };
 
 // Each throws Refusal for what it cannot do.

@@ -36,7 +36,7 @@ std::string statementOf(std::string line) {
 }  // namespace
 
 clspayslate makeComponent(ui::Desktop& desktop, const SharedConnection& connection,
-                          const scripted::Session& session) {
+                          const scripted::HostSession& session) {
   clspayslate component(desktop);
   component.adocon(connection);
   component.MsgboxTitle = session.title;

@@ -13,7 +13,7 @@ namespace payslate::host {
 
 /// A component on this desktop and connection with the session handed over.
 clspayslate makeComponent(ui::Desktop& desktop, const SharedConnection& connection,
-                          const scripted::Session& session);
+                          const scripted::HostSession& session);
 
 /// Statements of the errand and statements of the component run on the same connection; only the component's
 /// are counted.
@@ -28,7 +28,7 @@ class ComponentStage : public scripted::Stage {
   void runFile(const std::string& path) override;
   void runStatement(const std::string& statement) override;
   std::vector<std::vector<basic::Value>> rows(const std::string& statement) override;
-  void setSession(const scripted::Session& session) override { session_ = session; }
+  void setSession(const scripted::HostSession& session) override { session_ = session; }
   void show() override;
   long takeSentCount() override;
 
@@ -39,7 +39,7 @@ class ComponentStage : public scripted::Stage {
   ui::Desktop* desktop_;
   SharedConnection connection_;
   std::string folder_;
-  scripted::Session session_;
+  scripted::HostSession session_;
   long sent_ = 0;
   bool countsStatements_ = true;
 };

@@ -5,24 +5,17 @@
 #include <system_error>
 
 #include "host/Refusal.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/ado/Recordset.h"
 
 namespace payslate::host {
 
 namespace {
 
-std::string pathOf(const std::string& connect) {
-  return connect.substr(0, connect.find(';'));
-}
-
-// Everything that has no "=" before its first ";" is a path.
-bool isPath(const std::string& connect) {
-  return connect != inMemory && pathOf(connect).find('=') == std::string::npos;
-}
-
 // Connection strings may hold passwords: only paths are repeated.
 std::string nameOf(const std::string& connect) {
-  return connect == inMemory || isPath(connect) ? "The database " + pathOf(connect) : "The database";
+  const ado::ConnectionString parsed(connect);
+  return parsed.isPath() ? "The database " + parsed.path() : "The database";
 }
 
 std::string trimmedEnd(std::string sentence) {
@@ -80,8 +73,9 @@ void removeDatabase(const std::filesystem::path& path) {
 }  // namespace
 
 bool isMissingFile(const std::string& connect) {
+  const ado::ConnectionString parsed(connect);
   std::error_code unknown;
-  return isPath(connect) && !std::filesystem::exists(pathOf(connect), unknown);
+  return parsed.isPath() && !parsed.isInMemory() && !std::filesystem::exists(parsed.path(), unknown);
 }
 
 SharedConnection openDatabase(const std::string& connect) {
@@ -102,14 +96,14 @@ SharedConnection openPayroll(const std::string& connect) {
 SharedConnection createPayroll(const std::string& connect,
                                const std::function<void(ado::Connection&)>& fill) {
   const bool makesFile = isMissingFile(connect);
-  SharedConnection connection = open(connect, makesFile ? connect + ";Create=True" : connect);
+  SharedConnection connection = open(connect, makesFile ? connect + ado::createFile : connect);
   if (holdsPayroll(*connection)) throw Refusal(nameOf(connect) + " holds payroll tables already.");
   try {
     fill(*connection);
   } catch (const std::exception& error) {
     const std::string reason = error.what();
     connection->Close();
-    if (makesFile) removeDatabase(pathOf(connect));
+    if (makesFile) removeDatabase(ado::ConnectionString(connect).path());
     refuse(nameOf(connect) + " was not set up", reason);
   }
   return connection;

@@ -11,8 +11,6 @@ namespace payslate::host {
 
 using SharedConnection = std::shared_ptr<ado::Connection>;
 
-constexpr const char* inMemory = ":memory:";
-
 /// Opens a database that exists; Refusal when it cannot be opened. Creates nothing.
 SharedConnection openDatabase(const std::string& connect);
 

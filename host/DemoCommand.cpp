@@ -27,7 +27,7 @@ struct DemoMonth {
   Date last = Date::fromCalendar(2026, 4, 30);
 };
 
-scripted::Session demoSession() {
+scripted::HostSession demoSession() {
   return {1, 1, 40001, 2026, DemoMonth().last, "Payroll"};
 }
 

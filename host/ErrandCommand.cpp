@@ -5,6 +5,7 @@
 #include "host/Commands.h"
 #include "host/Database.h"
 #include "host/Performance.h"
+#include "platform/ado/ConnectionString.h"
 
 namespace payslate::host {
 
@@ -26,7 +27,7 @@ ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostr
   const std::unique_ptr<Screen> screen = wish.window ? makeScreen() : std::make_unique<ScriptedScreen>();
   for (const scripted::Errand& one : errands) {
     out << "== " << one.file << '\n';
-    if (!wish.connect) connection = openDatabase(inMemory);
+    if (!wish.connect) connection = openDatabase(ado::inMemory);
     if (!perform(one, connection, *screen, out)) return ExitCode::Failed;
   }
   out << (errands.size() == 1 ? "1 errand" : std::to_string(errands.size()) + " errands") << " held.\n";

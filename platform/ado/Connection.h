@@ -11,7 +11,7 @@
 namespace payslate::ado {
 
 class Recordset;
-struct Session;
+struct OpenDatabase;
 
 enum class ObjectState { Closed = 0, Open = 1 };
 
@@ -48,8 +48,8 @@ class Connection {
 
  private:
   friend class Recordset;
-  Session& session(std::string_view forWhat) const;  // Error when closed.
-  std::shared_ptr<Session> session_;
+  OpenDatabase& database(std::string_view forWhat) const;  // Error when closed.
+  std::shared_ptr<OpenDatabase> database_;
 };
 
 }  // namespace payslate::ado

@@ -69,21 +69,23 @@ class Provider {
                       const std::vector<Assignment>& row) = 0;
 };
 
-/// Opens a database from what follows the provider's name in a connection string.
+/// One kind of database: which connection strings are for it, and how it is opened.
 struct ProviderEntry {
-  std::string name;  ///< For messages.
-  std::function<bool(std::string_view connection)>
-      accepts;  ///< Is this connection string for it? Asked in order.
+  std::string name;                                          ///< For messages.
+  std::function<bool(std::string_view connection)> accepts;  ///< Is this connection string for it?
   std::function<std::unique_ptr<Provider>(const std::string& connection)> open;
 };
 
-/// The databases that this program was built with, in the order in which they are asked; defined by
-/// platform/providers, the one place that knows them.
-std::vector<ProviderEntry> builtInProviders();
+/// Who is asked first whether a connection string is for it.
+enum class ProviderRank {
+  Program,  ///< What a program puts in the place of others: asked first, the latest first.
+  BuiltIn,  ///< What it was built with: asked after those, in the order in which they registered.
+};
 
-/// Adds a provider that is asked before all others.
-void registerProvider(ProviderEntry entry);
-/// Opens through the first provider that accepts the string; ado::Error when none does.
+/// May be called while static objects are made.
+void registerProvider(ProviderEntry entry, ProviderRank rank = ProviderRank::Program);
+/// Opens through the first provider that accepts the string; ado::Error when none does, or when the program
+/// knows no database at all.
 std::unique_ptr<Provider> openProvider(const std::string& connection);
 
 }  // namespace payslate::ado

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ado/OpenDatabase.h"
 #include "platform/ado/Provider.h"
-#include "platform/ado/Session.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate::ado {
@@ -39,8 +39,8 @@ void refuseTextWithoutNumber(const Column& column, const basic::Value& value) {
 
 struct Recordset::Rows {
   std::string source;
-  Connection* connection = nullptr;  // valid while the session lives
-  std::weak_ptr<Session> session;
+  Connection* connection = nullptr;  // valid while the database is open
+  std::weak_ptr<OpenDatabase> database;
   std::shared_ptr<CursorSlot> slot;
   std::vector<Column> columns;
   LockType lock = LockType::ReadOnly;
@@ -61,7 +61,7 @@ struct Recordset::Rows {
   Row& row(const char* forWhat);
   void refuseWhileEditing() const;
   void refuseReadOnly() const;
-  std::shared_ptr<Session> openSession() const;
+  std::shared_ptr<OpenDatabase> openDatabase() const;
   const std::string& baseTable();
   const std::vector<std::string>& baseTableKey();
   void refuseToEditCurrent();
@@ -115,15 +115,15 @@ void Recordset::Rows::refuseReadOnly() const {
   if (lock == LockType::ReadOnly) throw Error("The recordset is read-only", accessRule);
 }
 
-std::shared_ptr<Session> Recordset::Rows::openSession() const {
-  std::shared_ptr<Session> open = session.lock();
+std::shared_ptr<OpenDatabase> Recordset::Rows::openDatabase() const {
+  std::shared_ptr<OpenDatabase> open = database.lock();
   if (!open) throw Error("The connection of the recordset is closed", "08003");
   return open;
 }
 
 const std::string& Recordset::Rows::baseTable() {
   if (!table) {
-    table = openSession()->provider->baseTable(source);
+    table = openDatabase()->provider->baseTable(source);
     if (!table)
       throw Error("Rows cannot be written: \"" + source + "\" does not stand on one table", notSupported);
   }
@@ -132,7 +132,7 @@ const std::string& Recordset::Rows::baseTable() {
 
 const std::vector<std::string>& Recordset::Rows::baseTableKey() {
   const std::string& name = baseTable();
-  if (!key) key = openSession()->provider->key(name);
+  if (!key) key = openDatabase()->provider->key(name);
   return *key;
 }
 
@@ -167,14 +167,14 @@ std::size_t Recordset::Rows::columnIndex(std::string_view name) const {
 void Recordset::Rows::insert() {
   const std::vector<Assignment> row = assignments();
   if (row.empty()) throw Error("No field of the new row was assigned", accessRule);
-  const std::shared_ptr<Session> open = openSession();
+  const std::shared_ptr<OpenDatabase> open = openDatabase();
   const std::string& target = baseTable();
   if (connection->StatementSent) connection->StatementSent("insert " + target);
   open->provider->insert(target, row);
 }
 
 void Recordset::Rows::rewrite() {
-  const std::shared_ptr<Session> open = openSession();
+  const std::shared_ptr<OpenDatabase> open = openDatabase();
   const std::string& target = baseTable();
   Row& current = row("rewrite");
   std::vector<Assignment> place;
@@ -196,18 +196,18 @@ Recordset::Rows& Recordset::rows(std::string_view forWhat) const {
 }
 
 void Recordset::send(const std::string& source, Connection& connection, CursorType cursor, LockType lock) {
-  connection.session("open a recordset");
-  const std::shared_ptr<Session> session =
-      connection.session_;  // the listener below may close the connection
+  connection.database("open a recordset");
+  const std::shared_ptr<OpenDatabase> database =
+      connection.database_;  // the listener below may close the connection
   if (connection.StatementSent) connection.StatementSent(source);
-  std::unique_ptr<Cursor> opened = session->provider->execute(source);
+  std::unique_ptr<Cursor> opened = database->provider->execute(source);
   if (!opened) return;
   auto rows = std::make_unique<Rows>();
   rows->source = source;
   rows->connection = &connection;
-  rows->session = session;
+  rows->database = database;
   rows->columns = opened->columns();
-  rows->slot = session->keep(std::move(opened));
+  rows->slot = database->keep(std::move(opened));
   rows->lock = lock;
   rows->keepsRows = cursor != CursorType::ForwardOnly;
   rows_ = std::move(rows);

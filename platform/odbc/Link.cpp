@@ -6,6 +6,7 @@
 
 #include <array>
 
+#include "platform/odbc/DriverString.h"
 #include "platform/odbc/WideText.h"
 
 namespace payslate::odbc {
@@ -28,7 +29,7 @@ SQLWCHAR* units(std::u16string& text) {
 
 }  // namespace
 
-Link::Link(const ConnectionString& connection)
+Link::Link(const ado::ConnectionString& connection)
     : connection_(connection),
       environment_(Handle::Kind::Environment, nullptr),
       handle_(Handle::Kind::Connection, &environment_) {
@@ -43,7 +44,7 @@ Link::~Link() {
 void Link::connect() {
   SQLSetConnectAttr(handle_.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), 0);
   SQLSetConnectAttr(handle_.get(), SQL_ATTR_CONNECTION_TIMEOUT, attribute(silenceSeconds), 0);
-  std::u16string text = toWide(connection_.forDriver());
+  std::u16string text = toWide(driverString(connection_));
   SQLSMALLINT length = 0;
   const SQLRETURN code =
       SQLDriverConnectW(handle_.get(), nullptr, units(text), static_cast<SQLSMALLINT>(text.size()), nullptr,

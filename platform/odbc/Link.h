@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "platform/ado/ConnectionString.h"
 #include "platform/ado/Error.h"
 #include "platform/odbc/Advice.h"
-#include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/Handle.h"
 
 namespace payslate::odbc {
@@ -15,7 +15,7 @@ namespace payslate::odbc {
 class Link {
  public:
   /// ado::Error that names what the server or the driver manager refused, and never a password.
-  explicit Link(const ConnectionString& connection);
+  explicit Link(const ado::ConnectionString& connection);
   ~Link();
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
@@ -40,7 +40,7 @@ class Link {
   void askDriver();
   [[nodiscard]] bool keepsWideText() const;
 
-  ConnectionString connection_;
+  ado::ConnectionString connection_;
   Handle environment_;
   Handle handle_;
   std::string quote_ = "\"";

@@ -4,9 +4,10 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/odbc/DriverString.h"
 #include "platform/odbc/ResultCursor.h"
 #include "platform/odbc/SelectedTable.h"
-#include "platform/odbc/Session.h"
+#include "platform/odbc/ServerSession.h"
 
 namespace payslate::odbc {
 namespace {
@@ -20,7 +21,7 @@ constexpr const char* changing[] = {"insert", "update", "delete"};
 
 class OdbcProvider final : public ado::Provider {
  public:
-  explicit OdbcProvider(const ConnectionString& connection) : session_(connection) {}
+  explicit OdbcProvider(const ado::ConnectionString& connection) : session_(connection) {}
 
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
     const bool query = beginsWith(statement, "select");
@@ -33,7 +34,7 @@ class OdbcProvider final : public ado::Provider {
       session_.change(statement);
       return nullptr;
     }
-    Session::Result result = session_.run(statement);
+    ServerSession::Result result = session_.run(statement);
     if (result.columns == 0) return nullptr;
     return std::make_unique<ResultCursor>(session_, std::move(result), query ? std::string(statement) : "");
   }
@@ -93,7 +94,7 @@ class OdbcProvider final : public ado::Provider {
     return list;
   }
 
-  Session session_;
+  ServerSession session_;
   std::map<std::string, std::vector<std::string>> keys_;
 };
 
@@ -103,11 +104,10 @@ ado::ProviderEntry providerEntry() {
   ado::ProviderEntry entry;
   entry.name = "ODBC (Driver=, DSN= or Server=)";
   entry.accepts = [](std::string_view connection) {
-    const ConnectionString parsed{std::string(connection)};
-    return parsed.has("driver") || parsed.has("dsn") || parsed.has("filedsn") || parsed.has("server");
+    return isForDriver(ado::ConnectionString(std::string(connection)));
   };
   entry.open = [](const std::string& connection) -> std::unique_ptr<ado::Provider> {
-    return std::make_unique<OdbcProvider>(ConnectionString(connection));
+    return std::make_unique<OdbcProvider>(ado::ConnectionString(connection));
   };
   return entry;
 }

@@ -45,7 +45,7 @@ ado::ColumnType columnType(SQLSMALLINT type) {
 
 }  // namespace
 
-ResultCursor::ResultCursor(Session& session, Session::Result result, std::string statement)
+ResultCursor::ResultCursor(ServerSession& session, ServerSession::Result result, std::string statement)
     : session_(&session), handle_(std::move(result.statement)), statement_(std::move(statement)) {
   describe(result.columns);
   session.enter(*this);

@@ -9,7 +9,7 @@
 
 #include "platform/ado/Provider.h"
 #include "platform/ado/ReadAhead.h"
-#include "platform/odbc/Session.h"
+#include "platform/odbc/ServerSession.h"
 
 namespace payslate::odbc {
 
@@ -17,7 +17,7 @@ class ResultCursor : public ado::Cursor {
  public:
   /// `statement` is kept when the rows can be asked for again: a query that nobody has read from makes room
   /// for other statements, and is sent once more when somebody does.
-  ResultCursor(Session& session, Session::Result result, std::string statement);
+  ResultCursor(ServerSession& session, ServerSession::Result result, std::string statement);
   ~ResultCursor() override;
   ResultCursor(const ResultCursor&) = delete;
   ResultCursor& operator=(const ResultCursor&) = delete;
@@ -41,7 +41,7 @@ class ResultCursor : public ado::Cursor {
   [[nodiscard]] basic::Value read(std::size_t column) const;
   [[nodiscard]] std::string readText(std::size_t column, bool& isNull) const;
 
-  Session* session_;
+  ServerSession* session_;
   std::unique_ptr<Handle> handle_;
   std::string statement_;
   std::vector<ado::Column> columns_;

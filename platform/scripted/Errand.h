@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/basic/Date.h"
-#include "platform/scripted/Stage.h"
+#include "platform/scripted/HostSession.h"
 #include "platform/ui/Key.h"
 #include "platform/ui/MessageBox.h"
 
@@ -86,7 +86,7 @@ struct Instruction {
   std::optional<ui::MessageStyle> style;
   std::optional<std::string> title;
   ui::Answer answer = ui::Answer::Ok;
-  Session session;
+  HostSession session;
   Table table;
 };
 

@@ -139,7 +139,7 @@ basic::Date dateOf(const Word& word, std::string_view usage) {
 
 void readSession(Instruction& made, Arguments found, std::string_view usage) {
   using Read = std::function<void(const Word&)>;
-  Session& session = made.session;
+  HostSession& session = made.session;
   const std::array<std::pair<std::string_view, Read>, 6> settings{{
       {"company", [&](const Word& word) { session.company = wholeNumber<std::int16_t>(word, 0, usage); }},
       {"user", [&](const Word& word) { session.user = wholeNumber<std::int16_t>(word, 0, usage); }},

@@ -1,24 +1,13 @@
 // What stands behind an errand besides the screen: the database, the session and the component on show.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "platform/basic/Date.h"
 #include "platform/basic/Value.h"
+#include "platform/scripted/HostSession.h"
 
 namespace payslate::scripted {
-
-/// What a host hands to the component before it shows it.
-struct Session {
-  std::int16_t company = 0;
-  std::int16_t user = 0;
-  std::int32_t interfaceId = 0;
-  std::int16_t year = 0;
-  basic::Date date;
-  std::string title;
-};
 
 /// Failures are exceptions whose what() is a sentence for the reader of the transcript.
 class Stage {
@@ -28,7 +17,7 @@ class Stage {
   virtual void runFile(const std::string& path) = 0;
   virtual void runStatement(const std::string& statement) = 0;
   virtual std::vector<std::vector<basic::Value>> rows(const std::string& statement) = 0;
-  virtual void setSession(const Session& session) = 0;
+  virtual void setSession(const HostSession& session) = 0;
   /// Shows the component and returns when its last form is closed; raises what the component raises.
   virtual void show() = 0;
   /// Statements that the component itself sent since the last call or the last show, whichever was later.

@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/sqlite/Session.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Runtime.h"
 #include "platform/tsql/Text.h"
@@ -23,7 +23,7 @@ using tsql::Cell;
 template <typename Entry>
 struct Binding {
   const Entry* entry;
-  Session* session;
+  DatabaseFile* file;
 };
 
 template <typename Entry>
@@ -60,14 +60,14 @@ void giveResult(sqlite3_context* context, const Cell& result) {
 
 // No exception may cross the database; it is kept, and thrown again by the statement that failed.
 template <typename Body>
-void guarded(sqlite3_context* context, Session& session, Body body) {
+void guarded(sqlite3_context* context, DatabaseFile& file, Body body) {
   try {
     body();
   } catch (const tsql::SqlError& error) {
-    session.functionError = error;
+    file.functionError = error;
     sqlite3_result_error(context, error.what(), -1);
   } catch (const std::exception& error) {
-    session.functionError = tsql::SqlError(tsql::state::general, error.what());
+    file.functionError = tsql::SqlError(tsql::state::general, error.what());
     sqlite3_result_error(context, error.what(), -1);
   }
 }
@@ -75,7 +75,7 @@ void guarded(sqlite3_context* context, Session& session, Body body) {
 void callFunction(sqlite3_context* context, int count, sqlite3_value** values) {
   using Entry = Binding<tsql::RuntimeFunction>;
   const Entry& binding = *static_cast<Entry*>(sqlite3_user_data(context));
-  guarded(context, *binding.session, [&] {
+  guarded(context, *binding.file, [&] {
     constexpr std::size_t usual = 6;
     const auto size = static_cast<std::size_t>(count);
     std::array<Cell, usual> few;
@@ -99,7 +99,7 @@ tsql::Accumulator* accumulator(sqlite3_context* context, const AggregateBinding&
 
 void stepAggregate(sqlite3_context* context, int, sqlite3_value** values) {
   const AggregateBinding& binding = *static_cast<AggregateBinding*>(sqlite3_user_data(context));
-  guarded(context, *binding.session, [&] {
+  guarded(context, *binding.file, [&] {
     tsql::Accumulator* fold = accumulator(context, binding);
     const Cell value = cellOf(values[0]);
     if (binding.entry->takesNull || !tsql::isNull(value)) fold->add(value);
@@ -111,7 +111,7 @@ void finishAggregate(sqlite3_context* context) {
   auto** slot = static_cast<tsql::Accumulator**>(sqlite3_aggregate_context(context, 0));
   std::unique_ptr<tsql::Accumulator> fold(slot == nullptr ? nullptr : *slot);
   if (slot != nullptr) *slot = nullptr;
-  guarded(context, *binding.session, [&] {
+  guarded(context, *binding.file, [&] {
     if (!fold) fold = binding.entry->create();
     giveResult(context, fold->result());
   });
@@ -155,21 +155,21 @@ int compareDecimals(void*, int leftSize, const void* left, int rightSize, const 
 
 }  // namespace
 
-void registerFunctions(sqlite3* handle, Session& session) {
+void registerFunctions(sqlite3* handle, DatabaseFile& file) {
   const auto check = [&](int code) {
-    if (code != SQLITE_OK) throw session.error(code);
+    if (code != SQLITE_OK) throw file.error(code);
   };
   for (const tsql::RuntimeFunction& function : tsql::runtimeFunctions()) {
     const std::string name(function.name);
     const int flags = SQLITE_UTF8 | (function.constant ? SQLITE_DETERMINISTIC : 0);
     check(sqlite3_create_function_v2(handle, name.c_str(), function.arguments, flags,
-                                     new Binding<tsql::RuntimeFunction>{&function, &session}, callFunction,
+                                     new Binding<tsql::RuntimeFunction>{&function, &file}, callFunction,
                                      nullptr, nullptr, destroyBinding<tsql::RuntimeFunction>));
   }
   for (const tsql::RuntimeAggregate& aggregate : tsql::runtimeAggregates()) {
     const std::string name(aggregate.name);
     check(sqlite3_create_function_v2(handle, name.c_str(), 1, SQLITE_UTF8,
-                                     new AggregateBinding{&aggregate, &session}, nullptr, stepAggregate,
+                                     new AggregateBinding{&aggregate, &file}, nullptr, stepAggregate,
                                      finishAggregate, destroyBinding<tsql::RuntimeAggregate>));
   }
   check(

@@ -5,9 +5,9 @@ struct sqlite3;
 
 namespace payslate::sqlite {
 
-class Session;
+class DatabaseFile;
 
-/// `session` receives the errors that functions throw; it outlives the handle's statements.
-void registerFunctions(sqlite3* handle, Session& session);
+/// `file` receives the errors that functions throw; it outlives the handle's statements.
+void registerFunctions(sqlite3* handle, DatabaseFile& file);
 
 }  // namespace payslate::sqlite

@@ -5,16 +5,16 @@
 
 namespace payslate::sqlite {
 
-RowCursor::RowCursor(Session& session, std::unique_ptr<Statement> statement,
+RowCursor::RowCursor(DatabaseFile& file, std::unique_ptr<Statement> statement,
                      const std::vector<tsql::OutputColumn>& columns)
-    : session_(&session), statement_(std::move(statement)) {
+    : file_(&file), statement_(std::move(statement)) {
   columns_.reserve(columns.size());
   for (const tsql::OutputColumn& column : columns) columns_.push_back({column.name, columnType(column.type)});
-  session.enter(*this);
+  file.enter(*this);
 }
 
 RowCursor::~RowCursor() {
-  if (session_ != nullptr) session_->leave(*this);
+  if (file_ != nullptr) file_->leave(*this);
 }
 
 bool RowCursor::next() {
@@ -68,7 +68,7 @@ void RowCursor::settle() {
 
 void RowCursor::detach() {
   statement_.reset();
-  session_ = nullptr;
+  file_ = nullptr;
   state_ = State::Detached;
 }
 

@@ -7,14 +7,14 @@
 
 #include "platform/ado/Provider.h"
 #include "platform/ado/ReadAhead.h"
-#include "platform/sqlite/Session.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/tsql/Ast.h"
 
 namespace payslate::sqlite {
 
 class RowCursor : public ado::Cursor {
  public:
-  RowCursor(Session& session, std::unique_ptr<Statement> statement,
+  RowCursor(DatabaseFile& file, std::unique_ptr<Statement> statement,
             const std::vector<tsql::OutputColumn>& columns);
   ~RowCursor() override;
   RowCursor(const RowCursor&) = delete;
@@ -34,7 +34,7 @@ class RowCursor : public ado::Cursor {
 
   [[nodiscard]] ado::ReadAhead::Row readRow() const;
 
-  Session* session_;
+  DatabaseFile* file_;
   std::unique_ptr<Statement> statement_;
   std::vector<ado::Column> columns_;
   State state_ = State::Fresh;

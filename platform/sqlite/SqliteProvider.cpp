@@ -6,9 +6,10 @@
 #include <filesystem>
 #include <unordered_map>
 
+#include "platform/ado/ConnectionString.h"
 #include "platform/basic/Numbers.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/RowCursor.h"
-#include "platform/sqlite/Session.h"
 #include "platform/sqlite/StoredCatalog.h"
 #include "platform/sqlite/Values.h"
 #include "platform/tsql/Generator.h"
@@ -19,13 +20,13 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr const char* source = "payslate.sqlite";
-constexpr const char* memoryPath = ":memory:";
 constexpr int defaultBusyMilliseconds = 5000;
 constexpr std::size_t mostTranslations = 1000;
 
 /// PATH;Create=True;BusyTimeout=milliseconds
 struct Options {
   std::string path;
+  bool inMemory = false;
   bool create = false;
   int busyMilliseconds = defaultBusyMilliseconds;
 };
@@ -34,35 +35,25 @@ struct Options {
   throw ado::Error(sentence, sqlState, source);
 }
 
-Options parseOptions(const std::string& connection) {
-  Options options;
-  std::size_t end = connection.find(';');
-  options.path = basic::Trim(connection.substr(0, end));
-  while (end != std::string::npos) {
-    const std::size_t start = end + 1;
-    end = connection.find(';', start);
-    const std::string option =
-        basic::Trim(connection.substr(start, end == std::string::npos ? end : end - start));
-    if (option.empty()) continue;
-    const std::size_t sign = option.find('=');
-    const std::string name = basic::lower(basic::Trim(option.substr(0, sign)));
-    const std::string value =
-        sign == std::string::npos ? "" : basic::lower(basic::Trim(option.substr(sign + 1)));
+Options optionsOf(const ado::ConnectionString& connection) {
+  Options options{connection.path(), connection.isInMemory()};
+  for (const auto& [key, given] : connection.parts()) {
+    const std::string name = basic::lower(key);
+    const std::string value = basic::lower(given.value_or(""));
     if (name == "create" && (value == "true" || value == "false")) {
       options.create = value == "true";
     } else if (name == "busytimeout" && basic::IsNumeric(value)) {
       options.busyMilliseconds = basic::CLng(basic::Value(value));
     } else {
       // What follows the name may be a password, of a string for another database.
-      refuse("The option '" + basic::Trim(option.substr(0, sign)) +
-             "' of the connection string is not known.");
+      refuse("The option '" + key + "' of the connection string is not known.");
     }
   }
   return options;
 }
 
 void checkFile(const Options& options) {
-  if (options.path == memoryPath) return;
+  if (options.inMemory) return;
   std::error_code ignored;  // A path that cannot be looked at counts as missing.
   if (options.path.empty() || !std::filesystem::exists(options.path, ignored)) {
     if (!options.create || options.path.empty()) refuse("There is no database file '" + options.path + "'.");
@@ -77,18 +68,18 @@ void checkFile(const Options& options) {
 class SqliteProvider : public ado::Provider {
  public:
   explicit SqliteProvider(const Options& options)
-      : session_(options.path, options.create || options.path == memoryPath, options.busyMilliseconds),
+      : file_(options.path, options.create || options.inMemory, options.busyMilliseconds),
         translator_(catalog_) {
     try {
-      if (session_.isReadOnly()) refuse("The file cannot be written.", "08001");
-      session_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
-      StoredCatalog::prepare(session_);
+      if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
+      file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
+      StoredCatalog::prepare(file_);
     } catch (const ado::Error& error) {
       throw ado::Error("'" + options.path + "' cannot be opened: " + error.Description, "08001", source,
                        error.Number, error.NativeError);
     }
-    session_.run("PRAGMA journal_mode = WAL");
-    session_.run("PRAGMA synchronous = FULL");
+    file_.run("PRAGMA journal_mode = WAL");
+    file_.run("PRAGMA synchronous = FULL");
     reload();
   }
 
@@ -99,33 +90,33 @@ class SqliteProvider : public ado::Provider {
       return nullptr;
     }
     if (!translation->returnsRows) {
-      session_.run(translation->sql.front(), translation->bindings);
+      file_.run(translation->sql.front(), translation->bindings);
       return nullptr;
     }
-    std::unique_ptr<Statement> prepared = session_.prepare(translation->sql.front());
+    std::unique_ptr<Statement> prepared = file_.prepare(translation->sql.front());
     prepared->bind(translation->bindings);
-    return std::make_unique<RowCursor>(session_, std::move(prepared), translation->columns);
+    return std::make_unique<RowCursor>(file_, std::move(prepared), translation->columns);
   }
 
   [[nodiscard]] std::optional<std::uint64_t> changedRows() const override {
-    return static_cast<std::uint64_t>(session_.changedRows());
+    return static_cast<std::uint64_t>(file_.changedRows());
   }
 
   void begin() override {
-    if (session_.inTransaction()) refuse("A transaction is open already.", "25001");
-    session_.run("BEGIN IMMEDIATE");
+    if (file_.inTransaction()) refuse("A transaction is open already.", "25001");
+    file_.run("BEGIN IMMEDIATE");
   }
 
   void commit() override {
-    if (!session_.inTransaction()) refuse("There is no transaction to commit.", "25000");
-    session_.run("COMMIT");
+    if (!file_.inTransaction()) refuse("There is no transaction to commit.", "25000");
+    file_.run("COMMIT");
     schemaTouched_ = false;
   }
 
   void rollback() override {
-    if (!session_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
-    session_.settleCursors();
-    session_.run("ROLLBACK");
+    if (!file_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
+    file_.settleCursors();
+    file_.run("ROLLBACK");
     if (std::exchange(schemaTouched_, false)) reload();
   }
 
@@ -148,7 +139,7 @@ class SqliteProvider : public ado::Provider {
 
   void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
     const tsql::TableInfo& info = current(table);
-    if (row.empty()) return session_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
+    if (row.empty()) return file_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
     std::string names;
     std::string places;
     std::vector<tsql::Cell> values;
@@ -158,8 +149,8 @@ class SqliteProvider : public ado::Provider {
       names += (names.empty() ? "" : ", ") + tsql::quotedName(column.name);
       places += (places.empty() ? "?" : ", ?") + std::to_string(values.size());
     }
-    session_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
-                 values);
+    file_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
+              values);
   }
 
   void update(const std::string& table, const std::vector<ado::Assignment>& key,
@@ -181,9 +172,9 @@ class SqliteProvider : public ado::Provider {
     };
     const std::string assignments = listed(row, ", ");
     const std::string condition = listed(key, " AND ");
-    session_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
-                 values);
-    if (session_.changedRows() == 0) {
+    file_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
+              values);
+    if (file_.changedRows() == 0) {
       refuse("The row of '" + info.name + "' is not there any more: another user has deleted it.", "HY000");
     }
   }
@@ -191,7 +182,7 @@ class SqliteProvider : public ado::Provider {
  private:
   // Translations are kept by text for as long as the catalog stays what it is.
   std::shared_ptr<const tsql::Translation> translated(std::string_view statement) {
-    if (session_.number("PRAGMA user_version") != version_) reload();
+    if (file_.number("PRAGMA user_version") != version_) reload();
     std::string text(statement);
     if (const auto known = translations_.find(text); known != translations_.end()) return known->second;
     try {
@@ -208,33 +199,33 @@ class SqliteProvider : public ado::Provider {
   void reload() {
     translations_.clear();
     translator_.schemaChanged();
-    session_.dropIdleStatements();
-    version_ = session_.number("PRAGMA user_version");
-    catalog_.load(session_);
+    file_.dropIdleStatements();
+    version_ = file_.number("PRAGMA user_version");
+    catalog_.load(file_);
   }
 
   // All of it or nothing, inside a transaction or outside of one.
   void changeSchema(const tsql::Translation& translation) {
-    session_.settleCursors();
-    const bool inside = session_.inTransaction();
-    session_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
+    file_.settleCursors();
+    const bool inside = file_.inTransaction();
+    file_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
     try {
-      for (const std::string& sql : translation.sql) session_.run(sql);
-      StoredCatalog::record(session_, *translation.change);
-      const std::int64_t next = session_.number("PRAGMA user_version") + 1;
-      session_.run("PRAGMA user_version = " + std::to_string(next));
+      for (const std::string& sql : translation.sql) file_.run(sql);
+      StoredCatalog::record(file_, *translation.change);
+      const std::int64_t next = file_.number("PRAGMA user_version") + 1;
+      file_.run("PRAGMA user_version = " + std::to_string(next));
     } catch (const ado::Error&) {
-      session_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
-      if (inside) session_.run("RELEASE schema_change");
+      file_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
+      if (inside) file_.run("RELEASE schema_change");
       throw;
     }
-    session_.run(inside ? "RELEASE schema_change" : "COMMIT");
+    file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     schemaTouched_ = inside;
     reload();
   }
 
   const tsql::TableInfo& current(const std::string& table) {
-    if (session_.number("PRAGMA user_version") != version_) reload();
+    if (file_.number("PRAGMA user_version") != version_) reload();
     const tsql::TableInfo* info = catalog_.table(table);
     if (info == nullptr) refuse("There is no table '" + table + "'.", tsql::state::noSuchTable);
     return *info;
@@ -257,7 +248,7 @@ class SqliteProvider : public ado::Provider {
     }
   }
 
-  Session session_;
+  DatabaseFile file_;
   StoredCatalog catalog_;
   tsql::Translator translator_;
   std::unordered_map<std::string, std::shared_ptr<const tsql::Translation>> translations_;
@@ -271,10 +262,10 @@ ado::ProviderEntry providerEntry() {
   ado::ProviderEntry entry;
   entry.name = "embedded";
   entry.accepts = [](std::string_view connection) {
-    return connection.substr(0, connection.find(';')).find('=') == std::string_view::npos;
+    return ado::ConnectionString(std::string(connection)).isPath();
   };
   entry.open = [](const std::string& connection) -> std::unique_ptr<ado::Provider> {
-    const Options options = parseOptions(connection);
+    const Options options = optionsOf(ado::ConnectionString(connection));
     checkFile(options);
     return std::make_unique<SqliteProvider>(options);
   };

@@ -2,7 +2,7 @@
 #include "platform/sqlite/StoredCatalog.h"
 
 #include "platform/tsql/Parser.h"
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::sqlite {
 
@@ -38,13 +38,13 @@ auto* found(Map& map, std::string_view name) {
   return entry == map.end() ? nullptr : &entry->second;
 }
 
-void recordColumns(Session& session, const std::string& key, const tsql::TableInfo& table) {
-  session.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
+void recordColumns(DatabaseFile& file, const std::string& key, const tsql::TableInfo& table) {
+  file.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const tsql::ColumnInfo& column = table.columns[i];
-    session.run("INSERT INTO catalog_columns VALUES (?1, ?2, ?3, ?4, ?5, ?6)",
-                {key, static_cast<std::int64_t>(i), column.name, column.type.text(),
-                 std::int64_t{column.notNull}, std::int64_t{column.keyPosition}});
+    file.run("INSERT INTO catalog_columns VALUES (?1, ?2, ?3, ?4, ?5, ?6)",
+             {key, static_cast<std::int64_t>(i), column.name, column.type.text(),
+              std::int64_t{column.notNull}, std::int64_t{column.keyPosition}});
   }
 }
 
@@ -60,23 +60,23 @@ const std::string* StoredCatalog::procedureText(std::string_view name) const {
   return found(procedures_, name);
 }
 
-void StoredCatalog::prepare(Session& session) {
+void StoredCatalog::prepare(DatabaseFile& file) {
   const std::string own =
       "SELECT count(*) FROM sqlite_schema WHERE name IN ('catalog_objects', 'catalog_columns')";
   constexpr std::int64_t ownTables = 2;
-  if (session.number(own) == ownTables) return;
-  if (session.number("SELECT count(*) FROM sqlite_schema") > 0) {
+  if (file.number(own) == ownTables) return;
+  if (file.number("SELECT count(*) FROM sqlite_schema") > 0) {
     throw ado::Error("The file is a database of another program.", tsql::state::general, "payslate.sqlite");
   }
-  session.run("BEGIN IMMEDIATE");
-  if (session.number(own) == 0) {  // Another process may have been faster.
-    session.run(objectsTable);
-    session.run(columnsTable);
+  file.run("BEGIN IMMEDIATE");
+  if (file.number(own) == 0) {  // Another process may have been faster.
+    file.run(objectsTable);
+    file.run(columnsTable);
   }
-  session.run("COMMIT");
+  file.run("COMMIT");
 }
 
-void StoredCatalog::load(Session& session) {
+void StoredCatalog::load(DatabaseFile& file) {
   tables_.clear();
   views_.clear();
   procedures_.clear();
@@ -86,7 +86,7 @@ void StoredCatalog::load(Session& session) {
   const auto number = [](const Statement& row, std::size_t column) {
     return std::get<std::int64_t>(row.column(column));
   };
-  const auto objects = session.prepare("SELECT key, kind, name, text FROM catalog_objects");
+  const auto objects = file.prepare("SELECT key, kind, name, text FROM catalog_objects");
   while (objects->step()) {
     const std::string kind = text(*objects, 1);
     if (kind == kindName(tsql::ObjectKind::Table)) {
@@ -97,7 +97,7 @@ void StoredCatalog::load(Session& session) {
       procedures_[text(*objects, 0)] = text(*objects, 3);
     }
   }
-  const auto columns = session.prepare(
+  const auto columns = file.prepare(
       "SELECT object, name, type, not_null, key_position FROM catalog_columns ORDER BY object, ordinal");
   while (columns->step()) {
     tables_[text(*columns, 0)].columns.push_back({text(*columns, 1), tsql::parseType(text(*columns, 2)),
@@ -106,19 +106,19 @@ void StoredCatalog::load(Session& session) {
   }
 }
 
-void StoredCatalog::record(Session& session, const tsql::SchemaChange& change) {
+void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change) {
   using Action = tsql::SchemaChange::Action;
   if (change.kind == tsql::ObjectKind::Index) return;  // Indexes are the database's own affair.
   const std::string key = tsql::lowerWord(change.name);
   if (change.action == Action::Add) {
-    session.run("INSERT INTO catalog_objects VALUES (?1, ?2, ?3, ?4)",
-                {key, std::string(kindName(change.kind)), change.name, change.text});
+    file.run("INSERT INTO catalog_objects VALUES (?1, ?2, ?3, ?4)",
+             {key, std::string(kindName(change.kind)), change.name, change.text});
   }
   if (change.action == Action::Drop) {
-    session.run("DELETE FROM catalog_objects WHERE key = ?1", {key});
-    session.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
+    file.run("DELETE FROM catalog_objects WHERE key = ?1", {key});
+    file.run("DELETE FROM catalog_columns WHERE object = ?1", {key});
   } else if (change.kind == tsql::ObjectKind::Table) {
-    recordColumns(session, key, change.table);
+    recordColumns(file, key, change.table);
   }
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/sqlite/Session.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/tsql/Catalog.h"
 #include "platform/tsql/Translator.h"
 
@@ -19,10 +19,10 @@ class StoredCatalog : public tsql::Catalog {
 
   /// Makes the tables it is kept in when they are not there; ado::Error for a database that was made by
   /// others.
-  static void prepare(Session& session);
-  void load(Session& session);
+  static void prepare(DatabaseFile& file);
+  void load(DatabaseFile& file);
   /// Writes a change; load afterwards.
-  static void record(Session& session, const tsql::SchemaChange& change);
+  static void record(DatabaseFile& file, const tsql::SchemaChange& change);
 
  private:
   std::map<std::string, tsql::TableInfo, std::less<>> tables_;  // By lower-case name; likewise below.

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/tsql/Binder.h"
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 #include "platform/tsql/TypeNames.h"
 
 namespace payslate::tsql {

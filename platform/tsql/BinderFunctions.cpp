@@ -5,8 +5,8 @@
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/DateTime.h"
-#include "platform/tsql/ParserBase.h"
 #include "platform/tsql/Runtime.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

@@ -1,7 +1,7 @@
 // Building blocks of the binder: new nodes, folding, and conversions.
 #include "platform/tsql/Binder.h"
-#include "platform/tsql/ParserBase.h"
 #include "platform/tsql/Runtime.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

@@ -3,7 +3,7 @@
 
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Parser.h"
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

@@ -9,9 +9,9 @@
 #include "platform/basic/Error.h"
 #include "platform/basic/Unicode.h"
 #include "platform/tsql/DateTime.h"
-#include "platform/tsql/ParserBase.h"
 #include "platform/tsql/SqlError.h"
 #include "platform/tsql/Text.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/tsql/DateTime.h"
-#include "platform/tsql/ParserBase.h"
 #include "platform/tsql/SqlError.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

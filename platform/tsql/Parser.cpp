@@ -1,7 +1,7 @@
 // Statements: what may stand in a text, and that only one does.
 #include "platform/tsql/Parser.h"
 
-#include "platform/tsql/ParserExpression.h"
+#include "platform/tsql/QueryParser.h"
 
 namespace payslate::tsql {
 

@@ -5,7 +5,7 @@
 
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Generator.h"
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

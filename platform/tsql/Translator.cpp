@@ -8,8 +8,8 @@
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Parser.h"
-#include "platform/tsql/ParserBase.h"
 #include "platform/tsql/Schema.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

@@ -9,6 +9,7 @@
 
 #include "host/CommandLine.h"
 #include "host/Database.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/ado/Recordset.h"
 #include "schema/schema.h"
 
@@ -110,7 +111,7 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {showing(""), "The connection string is empty"},
       {showing("none.db"), "none.db does not exist"},
       {showing("notes.txt"), "'notes.txt' cannot be opened: "},
-      {showing(inMemory), "holds no payroll"},
+      {showing(ado::inMemory), "holds no payroll"},
       {showing("payroll.db", "7"), "knows no company 7"},
       {showing("payroll.db", "70000"), "--company"},
       {showing("payroll.db", "1", "2026/02/30"), "2026/02/30"},

@@ -3,6 +3,7 @@
 
 #include "host/ComponentStage.h"
 #include "host/Screen.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/ado/Recordset.h"
 
 namespace payslate::host {
@@ -10,7 +11,7 @@ namespace {
 
 TEST(ComponentStage, CountsTheStatementsOfTheComponentAlone) {
   ScriptedScreen screen;
-  const SharedConnection connection = openDatabase(inMemory);
+  const SharedConnection connection = openDatabase(ado::inMemory);
   {
     ComponentStage stage(screen.desktop(), connection, "");
     stage.runStatement("create table t (a int)");

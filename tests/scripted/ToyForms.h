@@ -94,7 +94,7 @@ class ToyStage : public Stage {
     said.push_back(statement);
   }
   std::vector<std::vector<basic::Value>> rows(const std::string&) override { return answer; }
-  void setSession(const Session& session) override { said.push_back(session.title); }
+  void setSession(const HostSession& session) override { said.push_back(session.title); }
   void show() override { shows(); }
   long takeSentCount() override { return 3; }
 

@@ -7,14 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/ado/ConnectionString.h"
 #include "platform/ado/Error.h"
 #include "platform/basic/Numbers.h"
 #include "tests/ado/ForwardingProvider.h"
 
 namespace payslate::ado {
 namespace {
-
-constexpr const char* inMemory = ":memory:";
 
 const char* testServer() {
   return std::getenv("PAYSLATE_TEST_CONNECT");

@@ -84,6 +84,12 @@ TEST_F(Files, ConnectionStringsWithANameAreForOthers) {
     EXPECT_FALSE(entry.accepts(other)) << other;
 }
 
+// This program links the engine without its registration.
+TEST_F(Files, WithoutARegisteredProviderNothingIsOpened) {
+  EXPECT_EQ(stateOf([] { ado::openProvider(":memory:"); }),
+            "08001 This program was built without a database to connect to");
+}
+
 TEST_F(Files, TwoConnectionsSeeOneCatalog) {
   const auto one = open(path() + ";Create=True");
   const auto two = open(path());

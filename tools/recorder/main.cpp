@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "host/ComponentStage.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/scripted/ErrandRunner.h"
 #include "platform/scripted/ScriptedDesktop.h"
 #include "platform/scripted/ScriptedHands.h"
@@ -33,7 +34,7 @@ Recording record(const fs::path& file, bool demo) {
   const auto errand = scripted::Errand::read(file.string());
   scripted::ScriptedDesktop desktop;
   scripted::ScriptedHands hands;
-  const host::SharedConnection connection = host::openDatabase(host::inMemory);
+  const host::SharedConnection connection = host::openDatabase(ado::inMemory);
   if (demo) schema::createDemo(*connection);
   host::ComponentStage stage(desktop, connection, file.parent_path().string());
   std::ostringstream transcript;

@@ -3,6 +3,8 @@
 
 #include <iostream>
 
+#include "platform/ado/ConnectionString.h"
+
 namespace payslate::tsqlserver {
 
 namespace {
@@ -29,7 +31,7 @@ class Client {
   Client(Packets& packets, House& house)
       : packets_(packets),
         house_(house),
-        provider_(ado::openProvider(house.database + ";Create=True")),
+        provider_(ado::openProvider(house.database + ado::createFile)),
         statements_(*provider_, house.controls),
         calls_(statements_, house.controls) {}
 

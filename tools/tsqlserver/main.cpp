@@ -7,6 +7,7 @@
 #include <csignal>
 #include <iostream>
 
+#include "platform/ado/ConnectionString.h"
 #include "tools/tsqlserver/Server.h"
 
 namespace {
@@ -36,7 +37,7 @@ int main(int argc, char** argv) {
   password->needs(user);
   CLI11_PARSE(app, argc, argv);
   try {
-    ado::openProvider(house.database + ";Create=True");  // What is wrong with the file is said here and now.
+    ado::openProvider(house.database + ado::createFile);  // What is wrong with the file is said here and now.
     if (pipe(stopPipe.data()) != 0) throw std::runtime_error("A pipe cannot be had.");
     std::signal(SIGTERM, askToStop);
     std::signal(SIGINT, askToStop);

@@ -1,6 +1,7 @@
 // Queries: select lists, table sources and joins, unions.
+#include "platform/tsql/QueryParser.h"
+
 #include "platform/tsql/Parser.h"
-#include "platform/tsql/ParserExpression.h"
 
 namespace payslate::tsql {
 

@@ -1,6 +1,4 @@
 // Expressions: one ladder of precedence from "or" down to literals and names.
-#include "platform/tsql/ParserExpression.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include "platform/basic/Decimal.h"
 #include "platform/basic/Error.h"
 #include "platform/tsql/Parser.h"
+#include "platform/tsql/QueryParser.h"
 #include "platform/tsql/TypeNames.h"
 
 namespace payslate::tsql {

@@ -1,5 +1,5 @@
 // The token stream and the reserved words.
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 
 #include <algorithm>
 #include <charconv>

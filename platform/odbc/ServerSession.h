@@ -18,13 +18,13 @@ namespace payslate::odbc {
 class ResultCursor;
 
 /// Not for several threads at once.
-class Session {
+class ServerSession {
  public:
   /// ado::Error where the connection cannot be opened.
-  explicit Session(const ConnectionString& connection);
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  explicit ServerSession(const ado::ConnectionString& connection);
+  ~ServerSession();
+  ServerSession(const ServerSession&) = delete;
+  ServerSession& operator=(const ServerSession&) = delete;
 
   /// Runs a statement. The handle stands on the first result that has columns; on none when it has none.
   struct Result {

@@ -9,14 +9,14 @@
 
 namespace payslate::ado {
 
-/// A recordset's cursor, which the session takes away when it becomes invalid under it.
+/// A recordset's cursor, which the database takes away when it becomes invalid under it.
 struct CursorSlot {
   std::unique_ptr<Cursor> cursor;
   std::string lostBy;  ///< Why there is no cursor any more; empty when it was read to its end.
 };
 
 /// Ends with the connection's Close: recordsets hold it weakly.
-struct Session {
+struct OpenDatabase {
   std::unique_ptr<Provider> provider;
   bool inTransaction = false;
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/tsql/Parser.h"
-#include "platform/tsql/ParserBase.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 

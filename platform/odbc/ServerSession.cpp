@@ -1,5 +1,5 @@
 // Running statements, transactions.
-#include "platform/odbc/Session.h"
+#include "platform/odbc/ServerSession.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -37,9 +37,9 @@ bool leavesTransaction(const ado::Error& error) {
 
 }  // namespace
 
-Session::Session(const ConnectionString& connection) : link_(connection) {}
+ServerSession::ServerSession(const ado::ConnectionString& connection) : link_(connection) {}
 
-Session::~Session() {
+ServerSession::~ServerSession() {
   // Cursors that are still about give their statements back here, before the connection goes.
   for (ResultCursor* cursor : std::exchange(cursors_, {})) cursor->detach();
   try {
@@ -49,21 +49,21 @@ Session::~Session() {
   }
 }
 
-void Session::check(std::int16_t code, const Handle& handle) {
+void ServerSession::check(std::int16_t code, const Handle& handle) {
   if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return;
   const ado::Error error = link_.error(handle);
   if (inTransaction_ && !failure_ && !leavesTransaction(error)) failure_ = error;
   throw error;
 }
 
-std::unique_ptr<Handle> Session::newStatement() {
+std::unique_ptr<Handle> ServerSession::newStatement() {
   returnToAutoCommit();
   if (link_.servesOneStatementAtATime()) settleCursors();
   refuseAfterFailure();
   return link_.newStatement();
 }
 
-std::int16_t Session::send(const Handle& statement, std::string_view text) const {
+std::int16_t ServerSession::send(const Handle& statement, std::string_view text) const {
   if (link_.isWide()) {
     std::u16string sent = toWide(text);
     return SQLExecDirectW(statement.get(), units(sent), static_cast<SQLINTEGER>(sent.size()));
@@ -73,7 +73,7 @@ std::int16_t Session::send(const Handle& statement, std::string_view text) const
                        static_cast<SQLINTEGER>(sent.size()));
 }
 
-Session::Result Session::run(std::string_view text) {
+ServerSession::Result ServerSession::run(std::string_view text) {
   Result result;
   result.statement = newStatement();
   check(send(*result.statement, text), *result.statement);
@@ -84,7 +84,7 @@ Session::Result Session::run(std::string_view text) {
 }
 
 // Triggers come first: the last count is the statement's own.
-std::int64_t Session::change(std::string_view text, const std::vector<basic::Value>& parameters) {
+std::int64_t ServerSession::change(std::string_view text, const std::vector<basic::Value>& parameters) {
   const std::unique_ptr<Handle> statement = newStatement();
   const Parameters bound(parameters, isWide());
   check(bound.bindTo(*statement), *statement);
@@ -99,13 +99,13 @@ std::int64_t Session::change(std::string_view text, const std::vector<basic::Val
   return changed;
 }
 
-bool Session::nextResult(const Handle& statement) {
+bool ServerSession::nextResult(const Handle& statement) {
   const SQLRETURN code = SQLMoreResults(statement.get());
   check(code, statement);
   return code != SQL_NO_DATA;
 }
 
-std::vector<std::string> Session::keyColumns(const std::string& table) {
+std::vector<std::string> ServerSession::keyColumns(const std::string& table) {
   constexpr SQLUSMALLINT nameColumn = 4;
   constexpr SQLUSMALLINT positionColumn = 5;
   std::vector<std::string> parts = nameParts(table);
@@ -139,7 +139,7 @@ std::vector<std::string> Session::keyColumns(const std::string& table) {
   return names;
 }
 
-void Session::begin() {
+void ServerSession::begin() {
   if (inTransaction_) refuse("A transaction is open already.", "25001");
   returnToAutoCommit();
   settleCursors();
@@ -148,7 +148,7 @@ void Session::begin() {
   inTransaction_ = true;
 }
 
-void Session::commit() {
+void ServerSession::commit() {
   if (!inTransaction_) refuse("There is no transaction to commit.", "25000");
   settleCursors();
   refuseAfterFailure();
@@ -159,7 +159,7 @@ void Session::commit() {
   leaveTransaction();
 }
 
-void Session::rollback() {
+void ServerSession::rollback() {
   if (!inTransaction_) refuse("There is no transaction to roll back.", "25000");
   if (!link_.isLost()) {
     settleCursors();
@@ -172,16 +172,16 @@ void Session::rollback() {
   leaveTransaction();
 }
 
-void Session::refuseAfterFailure() const {
+void ServerSession::refuseAfterFailure() const {
   if (failure_) throw *failure_;
 }
 
-void Session::settleCursors() {
+void ServerSession::settleCursors() {
   for (ResultCursor* cursor : std::set<ResultCursor*>(cursors_)) cursor->settle();
 }
 
 // The transaction has ended, whatever becomes of this: the next request tries again, and reports.
-void Session::leaveTransaction() {
+void ServerSession::leaveTransaction() {
   inTransaction_ = false;
   failure_.reset();
   try {
@@ -193,7 +193,7 @@ void Session::leaveTransaction() {
 
 // On the way back drivers roll back what they take for open. Where the server has done it already they fail
 // and stay: they are given something to roll back.
-void Session::returnToAutoCommit() {
+void ServerSession::returnToAutoCommit() {
   if (autoCommit_ || inTransaction_) return;
   try {
     check(link_.setAutoCommit(true), link_.handle());

@@ -19,13 +19,13 @@ struct sqlite3_stmt;
 
 namespace payslate::sqlite {
 
-class Session;
+class DatabaseFile;
 class RowCursor;
 
-/// A prepared statement, lent by a session; goes back there, reset, when it is destroyed.
+/// A prepared statement, lent by a database file; goes back there, reset, when it is destroyed.
 class Statement {
  public:
-  Statement(Session& session, std::string sql, sqlite3_stmt* handle);
+  Statement(DatabaseFile& file, std::string sql, sqlite3_stmt* handle);
   ~Statement();
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
@@ -37,19 +37,19 @@ class Statement {
   [[nodiscard]] tsql::Cell column(std::size_t index) const;  ///< index from 0
 
  private:
-  Session& session_;
+  DatabaseFile& file_;
   std::string sql_;
   sqlite3_stmt* handle_;
 };
 
 /// Everything that one connection shares with its cursors. Not for several threads at once.
-class Session {
+class DatabaseFile {
  public:
   /// Opens the file; makes it when `create` says so. `busyMilliseconds` is how long a lock is waited for.
-  Session(const std::string& path, bool create, int busyMilliseconds);
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  DatabaseFile(const std::string& path, bool create, int busyMilliseconds);
+  ~DatabaseFile();
+  DatabaseFile(const DatabaseFile&) = delete;
+  DatabaseFile& operator=(const DatabaseFile&) = delete;
 
   /// Statements are prepared once by text and used again. ado::Error when the database refuses it.
   std::unique_ptr<Statement> prepare(const std::string& sql);

@@ -1,5 +1,5 @@
 // The database handle and its errors.
-#include "platform/sqlite/Session.h"
+#include "platform/sqlite/DatabaseFile.h"
 
 #include <sqlite3.h>
 
@@ -49,11 +49,11 @@ ado::Error toAdoError(const tsql::SqlError& error) {
   return {error.what(), error.sqlState(), "payslate.tsql"};
 }
 
-Statement::Statement(Session& session, std::string sql, sqlite3_stmt* handle)
-    : session_(session), sql_(std::move(sql)), handle_(handle) {}
+Statement::Statement(DatabaseFile& file, std::string sql, sqlite3_stmt* handle)
+    : file_(file), sql_(std::move(sql)), handle_(handle) {}
 
 Statement::~Statement() {
-  session_.giveBack(sql_, handle_);
+  file_.giveBack(sql_, handle_);
 }
 
 void Statement::bind(std::size_t index, const tsql::Cell& value) {
@@ -69,7 +69,7 @@ void Statement::bind(std::size_t index, const tsql::Cell& value) {
     code = sqlite3_bind_null(handle_, at);
   }
   // A parameter that the statement does not use is no error.
-  if (code != SQLITE_OK && code != SQLITE_RANGE) throw session_.error(code);
+  if (code != SQLITE_OK && code != SQLITE_RANGE) throw file_.error(code);
 }
 
 void Statement::bind(const std::vector<tsql::Cell>& values) {
@@ -77,14 +77,14 @@ void Statement::bind(const std::vector<tsql::Cell>& values) {
 }
 
 bool Statement::step() {
-  session_.functionError.reset();
+  file_.functionError.reset();
   const int code = sqlite3_step(handle_);
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) {
     reset();
     return false;
   }
-  const ado::Error error = session_.error(code);
+  const ado::Error error = file_.error(code);
   reset();
   throw error;
 }
@@ -110,7 +110,7 @@ tsql::Cell Statement::column(std::size_t index) const {
   }
 }
 
-Session::Session(const std::string& path, bool create, int busyMilliseconds) {
+DatabaseFile::DatabaseFile(const std::string& path, bool create, int busyMilliseconds) {
   const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_EXRESCODE;
   const int code = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
   try {
@@ -130,14 +130,14 @@ Session::Session(const std::string& path, bool create, int busyMilliseconds) {
   }
 }
 
-Session::~Session() {
+DatabaseFile::~DatabaseFile() {
   // Cursors that are still about give their statements back here, before the handle goes.
   for (RowCursor* cursor : std::set<RowCursor*>(cursors_)) cursor->detach();
   dropIdleStatements();
   sqlite3_close_v2(handle_);
 }
 
-std::unique_ptr<Statement> Session::prepare(const std::string& sql) {
+std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
   if (const auto found = idle_.find(sql); found != idle_.end()) {
     sqlite3_stmt* handle = found->second;
     idle_.erase(found);
@@ -151,19 +151,19 @@ std::unique_ptr<Statement> Session::prepare(const std::string& sql) {
   return std::make_unique<Statement>(*this, sql, handle);
 }
 
-void Session::giveBack(const std::string& sql, sqlite3_stmt* handle) {
+void DatabaseFile::giveBack(const std::string& sql, sqlite3_stmt* handle) {
   sqlite3_reset(handle);
   sqlite3_clear_bindings(handle);
   if (idle_.size() >= mostIdleStatements) dropIdleStatements();
   idle_.emplace(sql, handle);
 }
 
-void Session::dropIdleStatements() {
+void DatabaseFile::dropIdleStatements() {
   for (const auto& [sql, handle] : idle_) sqlite3_finalize(handle);
   idle_.clear();
 }
 
-void Session::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
+void DatabaseFile::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
   const std::unique_ptr<Statement> statement = prepare(sql);
   statement->bind(values);
   try {
@@ -177,7 +177,7 @@ void Session::run(const std::string& sql, const std::vector<tsql::Cell>& values)
   }
 }
 
-std::int64_t Session::number(const std::string& sql) {
+std::int64_t DatabaseFile::number(const std::string& sql) {
   const std::unique_ptr<Statement> statement = prepare(sql);
   if (!statement->step()) return 0;
   const tsql::Cell value = statement->column(0);
@@ -185,23 +185,23 @@ std::int64_t Session::number(const std::string& sql) {
   return whole == nullptr ? 0 : *whole;
 }
 
-std::int64_t Session::changedRows() const {
+std::int64_t DatabaseFile::changedRows() const {
   return sqlite3_changes64(handle_);
 }
 
-bool Session::isReadOnly() const {
+bool DatabaseFile::isReadOnly() const {
   return sqlite3_db_readonly(handle_, "main") == 1;
 }
 
-bool Session::inTransaction() const {
+bool DatabaseFile::inTransaction() const {
   return sqlite3_get_autocommit(handle_) == 0;
 }
 
-void Session::settleCursors() {
+void DatabaseFile::settleCursors() {
   for (RowCursor* cursor : cursors_) cursor->settle();
 }
 
-ado::Error Session::error(int code) {
+ado::Error DatabaseFile::error(int code) {
   if (functionError) {
     ado::Error thrown = toAdoError(*functionError);
     functionError.reset();
