@@ -53,7 +53,14 @@ class QueryParser {
   ExprPtr product();
   ExprPtr unary();
   ExprPtr primary();
+  ExprPtr wordExpression();
+  bool isFunctionName() const;
+  ExprPtr textLiteral();
   ExprPtr number();
+  ExprPtr variable();
+  ExprPtr parenthesized();
+  ExprPtr exists();
+  ExprPtr subquery(ExprKind kind, Position at);
   ExprPtr caseExpression();
   ExprPtr convertCall();
   ExprPtr castCall();

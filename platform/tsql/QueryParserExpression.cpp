@@ -12,6 +12,12 @@
 
 namespace payslate::tsql {
 
+namespace {
+
+constexpr std::string_view anExpression = "an expression";
+
+}  // namespace
+
 ExprPtr QueryParser::node(ExprKind kind, Position at) const {
   auto expr = std::make_unique<Expr>();
   expr->kind = kind;
@@ -159,65 +165,83 @@ ExprPtr QueryParser::unary() {
 }
 
 ExprPtr QueryParser::primary() {
-  const Token& token = tokens_.peek();
-  switch (token.kind) {
-    case TokenKind::Text: {
-      ExprPtr expr = node(ExprKind::Literal, token.at);
-      const auto continuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-      const auto bytes = static_cast<int>(token.text.size());
-      const auto extra = static_cast<int>(std::count_if(token.text.begin(), token.text.end(), continuation));
-      expr->type = Type::varchar(std::max(1, bytes - extra));
-      expr->literal = tokens_.take().text;
-      return expr;
-    }
+  switch (tokens_.peek().kind) {
+    case TokenKind::Text:
+      return textLiteral();
     case TokenKind::WholeNumber:
     case TokenKind::DecimalNumber:
     case TokenKind::FloatNumber:
       return number();
-    case TokenKind::Variable: {
-      if (token.text.starts_with("@@")) tokens_.unsupported("The variable '" + token.text + "'");
-      ExprPtr expr = node(ExprKind::Variable, token.at);
-      expr->name = tokens_.take().text;
-      return expr;
-    }
+    case TokenKind::Variable:
+      return variable();
     case TokenKind::Sign:
-      if (token.text == "(") {
-        const Position at = tokens_.take().at;
-        ExprPtr expr;
-        if (tokens_.isWord("select")) {
-          const Nesting nesting(depth_, at);
-          expr = node(ExprKind::Subquery, at);
-          expr->query = std::make_unique<Query>(query());
-        } else {
-          expr = expression();
-        }
-        tokens_.expectSign(")");
-        return expr;
-      }
-      break;
+      return parenthesized();
     case TokenKind::Word:
-      if (tokens_.isWord("null")) return node(ExprKind::Literal, tokens_.take().at);
-      if (tokens_.isWord("case")) return caseExpression();
-      if (tokens_.isWord("convert") && tokens_.isSign("(", 1)) return convertCall();
-      if (tokens_.isWord("cast") && tokens_.isSign("(", 1)) return castCall();
-      if (tokens_.isWord("exists")) {
-        ExprPtr expr = node(ExprKind::Exists, tokens_.take().at);
-        const Nesting nesting(depth_, expr->at);
-        tokens_.expectSign("(");
-        expr->query = std::make_unique<Query>(query());
-        tokens_.expectSign(")");
-        return expr;
-      }
-      if (tokens_.isSign("(", 1) && (tokens_.isName() || tokens_.isWord("left") || tokens_.isWord("right") ||
-                                     tokens_.isWord("coalesce") || tokens_.isWord("nullif"))) {
-        return functionCall();
-      }
-      break;
-    default:
+      return wordExpression();
+    case TokenKind::QuotedName:
+      return columnName();
+    case TokenKind::End:
       break;
   }
+  tokens_.unexpected(anExpression);
+}
+
+ExprPtr QueryParser::wordExpression() {
+  if (tokens_.isWord("null")) return node(ExprKind::Literal, tokens_.take().at);
+  if (tokens_.isWord("case")) return caseExpression();
+  if (tokens_.isWord("exists")) return exists();
+  if (tokens_.isWord("convert") && tokens_.isSign("(", 1)) return convertCall();
+  if (tokens_.isWord("cast") && tokens_.isSign("(", 1)) return castCall();
+  if (isFunctionName() && tokens_.isSign("(", 1)) return functionCall();
   if (tokens_.isName()) return columnName();
-  tokens_.unexpected("an expression");
+  tokens_.unexpected(anExpression);
+}
+
+// Some functions have the names of keywords.
+bool QueryParser::isFunctionName() const {
+  return tokens_.isName() || tokens_.isWord("left") || tokens_.isWord("right") ||
+         tokens_.isWord("coalesce") || tokens_.isWord("nullif");
+}
+
+ExprPtr QueryParser::textLiteral() {
+  const Token token = tokens_.take();
+  ExprPtr expr = node(ExprKind::Literal, token.at);
+  const auto isLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+  const auto letters = std::count_if(token.text.begin(), token.text.end(), isLetter);
+  expr->type = Type::varchar(std::max(1, static_cast<int>(letters)));
+  expr->literal = token.text;
+  return expr;
+}
+
+ExprPtr QueryParser::variable() {
+  const Token token = tokens_.peek();
+  if (token.text.starts_with("@@")) tokens_.unsupported("The variable '" + token.text + "'");
+  ExprPtr expr = node(ExprKind::Variable, tokens_.take().at);
+  expr->name = token.text;
+  return expr;
+}
+
+ExprPtr QueryParser::parenthesized() {
+  if (!tokens_.isSign("(")) tokens_.unexpected(anExpression);
+  const Position at = tokens_.take().at;
+  ExprPtr expr = tokens_.isWord("select") ? subquery(ExprKind::Subquery, at) : expression();
+  tokens_.expectSign(")");
+  return expr;
+}
+
+ExprPtr QueryParser::exists() {
+  const Position at = tokens_.take().at;
+  tokens_.expectSign("(");
+  ExprPtr expr = subquery(ExprKind::Exists, at);
+  tokens_.expectSign(")");
+  return expr;
+}
+
+ExprPtr QueryParser::subquery(ExprKind kind, Position at) {
+  const Nesting nesting(depth_, at);
+  ExprPtr expr = node(kind, at);
+  expr->query = std::make_unique<Query>(query());
+  return expr;
 }
 
 ExprPtr QueryParser::number() {
