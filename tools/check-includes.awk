@@ -23,7 +23,8 @@ part == 3 {
 }
 part == 4 && $1 == "target" {
   place[$2] = $4 == "" ? "." : $4
-  if ($3 ~ /LIBRARY$/) libraries[place[$2]] = libraries[place[$2]] " " $2
+  # An interface holds no code: it is a way of linking what does.
+  if ($3 ~ /LIBRARY$/ && $3 !~ /^INTERFACE/) libraries[place[$2]] = libraries[place[$2]] " " $2
 }
 part == 4 && $1 == "source" { sources[$2] = sources[$2] " " $3 }
 part == 4 && $1 == "link" { links[$2] = links[$2] " " $3 }
