@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "paycomponents/ListColumns.h"
 #include "platform/ado/Error.h"
-#include "platform/basic/Numbers.h"
 
 namespace payslate {
 
@@ -106,7 +106,7 @@ void frmpayslate::wireEvents() {
 }
 
 void frmpayslate::dtpattdate_Change() {
-  const bool keepsMonth = opened_ && !bas_.isNewEntry();
+  const bool keepsMonth = opened_ && heldIndex_ && !bas_.isNewEntry();
   if (!keepsMonth && !mayLeaveMonth()) {
     dtpattdate.Value = ownDate_;
     return;
@@ -114,7 +114,7 @@ void frmpayslate::dtpattdate_Change() {
   bas_.ProcessDate = dtpattdate.Value();
   // A stored month that was met by choosing an employee is not the list's entry: the other date starts
   // afresh.
-  if (!opened_) bas_.strMode = EntryMode::New;
+  if (!keepsMonth) bas_.strMode = EntryMode::New;
   Form_Load();
 }
 
@@ -137,6 +137,7 @@ void frmpayslate::Form_Load() {
 
 void frmpayslate::fillEmployees() {
   if (bas_.isNewEntry()) {
+    opened_.reset();
     giveMonthUp();
     bas_.FillCombo(cboEmpname, "eEmpId", "ename", employeesWithoutEntry(bas_));
     cboEmpname.Enabled = true;
