@@ -86,7 +86,7 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Allowances, allowances_);
   listMenu_.attach(ActiveList::Deductions, deductions_);
   listMenu_.attach(ActiveList::Facilities, facilities_);
-  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct); };
+  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct, state_.loaded); };
 
   txtBasicPay.Change = [this] { DisplayCurrency(); };
   txtBasicPay.KeyPress = [this](int& keyAscii) {

@@ -100,6 +100,8 @@ const char* frmpayslate::noSaveReason(HeldMonth month) {
 void frmpayslate::holdWhole() {
   state_.month = HeldMonth::Whole;
   state_.whyNotWhole.clear();
+  state_.loaded = {};
+  state_.loaded.entry = record();
 }
 
 void frmpayslate::enableNavigation() {

@@ -18,10 +18,11 @@ platform/common/     : platform/basic/ platform/ado/ platform/ui/
 schema/              : platform/basic/ platform/ado/
 component/           : $platform
 persistence/         : component/ platform/basic/ platform/ado/ platform/common/
+review/              : component/ platform/basic/ platform/ado/ platform/common/
 facilities/          : component/ $platform
 paycomponents/       : component/ $platform
-entry/               : component/ facilities/ paycomponents/ persistence/ $platform
-browser/             : component/ persistence/ entry/ $platform
+entry/               : component/ facilities/ paycomponents/ persistence/ review/ $platform
+browser/             : component/ persistence/ review/ entry/ $platform
 payslate/            : component/ browser/ $platform
 desktop/             : platform/basic/ platform/ui/ <Q
 host/                : payslate/ schema/ desktop/ platform/ <Q <CLI/
@@ -47,7 +48,7 @@ while IFS= read -r file; do
     done
     [ "$ok" = yes ] || { echo "$file: may not include $included"; faults=1; }
   done < <(sed -n 's/^ *# *include *"\([^"]*\)".*/\1/p; s/^ *# *include *\(<[^>]*>\).*/\1/p' "$file")
-done < <(find platform schema component persistence facilities paycomponents entry browser payslate desktop host \
+done < <(find platform schema component persistence review facilities paycomponents entry browser payslate desktop host \
               -name '*.cpp' -o -name '*.h' | sort)
 [ "$faults" -eq 0 ] && echo "All includes point the right way."
 exit "$faults"
