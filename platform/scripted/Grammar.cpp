@@ -82,9 +82,10 @@ constexpr std::array rules{
 
 constexpr std::string_view propertyUsage = "expect CONTROL.PROPERTY = VALUE";
 
-constexpr std::array styles{ui::MessageStyle::Critical,    ui::MessageStyle::AskCritical,
-                            ui::MessageStyle::AskQuestion, ui::MessageStyle::Exclamation,
-                            ui::MessageStyle::Information, ui::MessageStyle::AskInformation};
+constexpr std::array styles{ui::MessageStyle::Critical,     ui::MessageStyle::AskCritical,
+                            ui::MessageStyle::AskQuestion,  ui::MessageStyle::Exclamation,
+                            ui::MessageStyle::Information,  ui::MessageStyle::AskInformation,
+                            ui::MessageStyle::AskQuestionNo};
 
 constexpr std::array<std::pair<std::string_view, ui::Answer>, 3> answers{
     {{"ok", ui::Answer::Ok}, {"yes", ui::Answer::Yes}, {"no", ui::Answer::No}}};

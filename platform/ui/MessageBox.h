@@ -13,6 +13,7 @@ enum class MessageStyle {
   Exclamation = 48,     ///< OK, exclamation icon
   Information = 64,     ///< OK, information icon
   AskInformation = 68,  ///< Yes and No, information icon
+  AskQuestionNo = 292,  ///< Yes and No, question icon, No is the default
 };
 
 enum class Answer { Ok = 1, Yes = 6, No = 7 };
