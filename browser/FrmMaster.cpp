@@ -3,7 +3,9 @@
 
 #include "browser/Hourglass.h"
 #include "persistence/EntryReader.h"
+#include "persistence/StoredStateReader.h"
 #include "platform/basic/Numbers.h"
+#include "review/Review.h"
 
 namespace payslate {
 
@@ -161,10 +163,17 @@ void FrmMaster::CmdDelete_Click() {
     return;
   }
   const std::string question = "Are you sure you want to delete the entry - " + entries_.currentNumber();
-  if (!entry->shownAsCancelled && bas_.message(question, ui::MessageStyle::AskCritical) == ui::Answer::Yes)
+  if (!entry->shownAsCancelled && bas_.message(question, ui::MessageStyle::AskCritical) == ui::Answer::Yes &&
+      mayTakeBack(*entry))
     cancelEntry(*entry);
   entries_.goToLast();
   enableForRow();
+}
+
+bool FrmMaster::mayTakeBack(const ListedEntry& entry) {
+  StoredStateReader stored(bas_);
+  const std::string question = cancellationQuestion(entry.id, stored);
+  return question.empty() || bas_.message(question, ui::MessageStyle::AskQuestionNo) == ui::Answer::Yes;
 }
 
 void FrmMaster::cancelEntry(const ListedEntry& entry) {

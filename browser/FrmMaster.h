@@ -58,6 +58,8 @@ class FrmMaster : public ui::Form {
   void cmdnew_Click();
   void CmdEdit_Click();
   void CmdDelete_Click();
+  /// True unless the clerk, told that others have paid out what the entry kept back, leaves it.
+  bool mayTakeBack(const ListedEntry& entry);
   void cancelEntry(const ListedEntry& entry);
 
   BasPaySlate& bas_;

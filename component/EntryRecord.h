@@ -15,6 +15,9 @@ enum class PaidCash : std::int16_t { Normal = 0, PaidInCash = 1, OnHold = 2 };
 /// The cells of one row of a pay list, in the list's column order (PayRows.h).
 using ListRow = std::vector<std::string>;
 
+/// A cell of a row; empty where the row ends before it.
+const std::string& cell(const ListRow& row, int column);
+
 /// One recovery of a facility's cost; identifiers and amounts as the list shows them.
 struct FacilityRow {
   std::int16_t position = 0;  ///< In the list, 1 for the first row.
@@ -28,6 +31,14 @@ struct FacilityRow {
   std::string symbol;
 };
 
+struct DayCounts {
+  double present = 0;
+  double absent = 0;
+  double leave = 0;
+
+  [[nodiscard]] double sum() const { return present + absent + leave; }
+};
+
 struct EntryRecord {
   std::int32_t id = 0;  ///< emhID; 0 while it is not stored.
   std::string number;
@@ -36,6 +47,7 @@ struct EntryRecord {
   PaidCash paidCash = PaidCash::Normal;
   /// As the clerk left it; a text without a number is refused when it is stored.
   std::string basicPay;
+  DayCounts days;  ///< As the form shows them: they are not stored.
   basic::Date periodStart;
   basic::Date periodEnd;
   bool cancelled = false;

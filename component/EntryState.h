@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "component/LoadedMonth.h"
 #include "platform/basic/Date.h"
 
 namespace payslate {
@@ -22,6 +23,8 @@ struct EntryState {
 
   HeldMonth month = HeldMonth::Nothing;
   std::string whyNotWhole;  ///< What stood in the way, as the clerk was told; empty when the month is whole.
+
+  LoadedMonth loaded;  ///< The month as it was when it became whole.
 
   std::int32_t lngEntryID = 0;  ///< emhID of the entry opened or saved last; 0 before.
   double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.

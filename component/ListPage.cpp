@@ -20,4 +20,11 @@ std::string nextSerialNumber(const ui::ListView& list) {
   return std::to_string(list.rowCount() + 1);
 }
 
+std::vector<ListRow> plainRows(const ui::ListView& list) {
+  std::vector<ListRow> rows;
+  rows.reserve(list.rows().size());
+  for (const ui::ListView::Row& row : list.rows()) rows.push_back(row.cells);
+  return rows;
+}
+
 }  // namespace payslate

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "component/EntryRecord.h"
 
 namespace payslate {
 
@@ -44,5 +47,8 @@ bool deleteSelectedRow(const BasPaySlate& bas, common::CommonDB& database, ui::L
 
 /// The serial number that the next row of a list gets.
 std::string nextSerialNumber(const ui::ListView& list);
+
+/// The cells of every row.
+std::vector<ListRow> plainRows(const ui::ListView& list);
 
 }  // namespace payslate

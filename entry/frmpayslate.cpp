@@ -82,7 +82,7 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Allowances, allowances_);
   listMenu_.attach(ActiveList::Deductions, deductions_);
   listMenu_.attach(ActiveList::Facilities, facilities_);
-  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct); };
+  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct, state_.loaded); };
 
   txtBasicPay.numeric = true;
   txtBasicPay.Change = [this] { DisplayCurrency(); };

@@ -34,6 +34,8 @@
 
 namespace payslate {
 
+struct Finding;
+
 /// Owns the controls and the rules that span subjects: modes, navigation, closing, the order of a load and of
 /// a save. Each subject has a collaborator of its own, which knows its controls and not the form.
 class frmpayslate : public ui::Form {
@@ -143,6 +145,10 @@ class frmpayslate : public ui::Form {
   // Saving: frmpayslateSave.cpp
   void cmdOk_Click();
   bool fnValidateEntry();
+  /// Asks about what should be looked at before. False when the clerk goes back, to the first of it that has
+  /// a place on the form.
+  bool reviewEntry();
+  void pointOut(const Finding& finding);
   void save();
   [[nodiscard]] EntryRecord record() const;
 

@@ -38,6 +38,10 @@ void frmpayslate::showStored(const EntryRecord& header) {
   facilities_.showTaken(entry.facilities);
   DisplayCurrency();
   holdWhole();
+  state_.loaded.entry.periodStart = header.periodStart;
+  state_.loaded.entry.periodEnd = header.periodEnd;
+  // What opens for reading deletes nothing.
+  if (cmdOk.Enabled()) state_.loaded.hiddenRows = reader.hiddenRows(entry);
   BasPaySlate::StoreControlValues(*this);
 }
 

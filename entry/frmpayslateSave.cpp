@@ -1,22 +1,22 @@
 // Saving an entry: validation, the one transaction, the list's row.
+#include <algorithm>
+
 #include "entry/frmpayslate.h"
 #include "paycomponents/ListColumns.h"
 #include "persistence/EntryNumbers.h"
 #include "persistence/EntryWriter.h"
+#include "persistence/StoredStateReader.h"
 #include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
+#include "review/Review.h"
 
 namespace payslate {
 
 namespace {
 
-constexpr int currencyPage = 4;
-
-std::vector<ListRow> copyRows(const ui::ListView& list) {
-  std::vector<ListRow> rows;
-  rows.reserve(list.rows().size());
-  for (const ui::ListView::Row& row : list.rows()) rows.push_back(row.cells);
-  return rows;
+/// Pages of tabpayslate.
+namespace EntryPage {
+enum : int { Allowances, Deductions, Leaves, Facilities, Currencies };
 }
 
 PaidCash paidCashOf(const ui::CheckBox& paid, const ui::CheckBox& hold) {
@@ -40,7 +40,7 @@ bool frmpayslate::fnValidateEntry() {
   for (int row = 0; row < lvwCurrency.rowCount(); ++row) {
     if (basic::Val(lvwCurrency.cellText(row, CurrencyColumn::Amount)) >= 0) continue;
     bas_.message("Can not have Negative pay");
-    tabpayslate.Tab = currencyPage;
+    tabpayslate.Tab = EntryPage::Currencies;
     lvwCurrency.select(row);
     return false;
   }
@@ -63,12 +63,44 @@ EntryRecord frmpayslate::record() const {
   entry.date = dtpattdate.Value();
   entry.paidCash = paidCashOf(Chkpaid, chkHold);
   entry.basicPay = txtBasicPay.Text();
+  entry.days = {basic::Val(txtNoPresent.Text()), basic::Val(txtNoAbsent.Text()),
+                basic::Val(txtNoLeave.Text())};
   entry.periodStart = bas_.dtPeriodStart;
   entry.periodEnd = bas_.dtPeriodEnd;
-  entry.allowances = copyRows(lvwAllow);
-  entry.deductions = copyRows(lvwDeduct);
+  entry.allowances = plainRows(lvwAllow);
+  entry.deductions = plainRows(lvwDeduct);
   entry.facilities = facilities_.taken();
   return entry;
+}
+
+bool frmpayslate::reviewEntry() {
+  StoredStateReader stored(bas_);
+  const std::vector<Finding> findings = review(record(), state_.loaded, stored);
+  if (findings.empty()) return true;
+  if (bas_.message(reviewQuestion(findings), ui::MessageStyle::AskQuestionNo) == ui::Answer::Yes) return true;
+  const auto placed = [](const Finding& finding) { return finding.page != ReviewPage::None; };
+  const auto first = std::find_if(findings.begin(), findings.end(), placed);
+  if (first != findings.end()) pointOut(*first);
+  return false;
+}
+
+void frmpayslate::pointOut(const Finding& finding) {
+  const auto turnTo = [&](int page, ui::ListView& list) {
+    tabpayslate.Tab = page;
+    if (finding.row) list.select(static_cast<int>(*finding.row));
+  };
+  switch (finding.page) {
+    case ReviewPage::Allowances:
+      return turnTo(EntryPage::Allowances, lvwAllow);
+    case ReviewPage::Deductions:
+      return turnTo(EntryPage::Deductions, lvwDeduct);
+    case ReviewPage::Facilities:
+      return turnTo(EntryPage::Facilities, lvwfacility);
+    case ReviewPage::DayCounts:
+      return txtNoPresent.SetFocus();
+    case ReviewPage::None:
+      return;
+  }
 }
 
 // Rolled back, and its locks given up, before anybody hears of an error.
@@ -83,7 +115,7 @@ void frmpayslate::save() {
 void frmpayslate::cmdOk_Click() {
   bool stored = false;
   try {
-    if (!fnValidateEntry()) return;
+    if (!fnValidateEntry() || !reviewEntry()) return;
     save();
     stored = true;
     workingCopy_.keepLoaded();

@@ -134,6 +134,8 @@ void frmpayslate::holdWhole() {
   heldIndex_ = cboEmpname.ListIndex();
   workingCopy_.keepLoaded();
   boxes_.keepLoaded();
+  state_.loaded = {};
+  state_.loaded.entry = record();
 }
 
 void frmpayslate::enableNavigation() {

@@ -8,6 +8,7 @@
 
 #include "component/BasPaySlate.h"
 #include "component/EntryState.h"
+#include "component/ListPage.h"
 #include "component/Session.h"
 #include "paycomponents/ListColumns.h"
 #include "paycomponents/PayLookups.h"
@@ -150,7 +151,8 @@ void Formulas::refreshRow(ui::ListView& list, int row, int descriptionColumn, in
   list.setCell(row, amountColumn, basic::numberText(amount));
 }
 
-void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const {
+void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct,
+                       LoadedMonth& loaded) const {
   const PayLookups allowances(session_, allowanceKind);
   for (int row = 0; row < lvwAllow.rowCount(); ++row) {
     if (lvwAllow.cellText(row, AllowColumn::Default) == AllowKind::CarriedForward) continue;
@@ -159,11 +161,16 @@ void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::L
                allowances.formulaId(database, id));
   }
   const PayLookups deductions(session_, deductionKind);
+  const std::vector<ListRow> rows = plainRows(lvwDeduct);
   for (int row = 0; row < lvwDeduct.rowCount(); ++row) {
     if (lvwDeduct.cellText(row, DeductColumn::Type) == DeductKind::CarriedForward) continue;
     const std::int32_t id = basic::numberOrZero(lvwDeduct.cellText(row, DeductColumn::DeductID));
-    refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount,
-               deductions.formulaId(database, id));
+    const std::int32_t formulaId = deductions.formulaId(database, id);
+    if (formulaId <= 0) continue;
+    const double before = Val(lvwDeduct.cellText(row, DeductColumn::Amount));
+    refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount, formulaId);
+    loaded.refreshed(deductionKey(rows, static_cast<std::size_t>(row)), before,
+                     Val(lvwDeduct.cellText(row, DeductColumn::Amount)));
   }
 }
 

@@ -7,6 +7,7 @@
 namespace payslate {
 
 struct EntryState;
+struct LoadedMonth;
 struct Session;
 
 namespace common {
@@ -39,8 +40,9 @@ class Formulas {
   [[nodiscard]] double amountOf(const std::string& component, std::int32_t formulaId) const;
 
   /// Computes the amount of every row whose pay component has a formula; rows before a failing one stay
-  /// computed. Rows carried forward are no components.
-  void refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct) const;
+  /// computed. Rows carried forward are no components. `loaded` hears what was written into the deductions.
+  void refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct,
+               LoadedMonth& loaded) const;
 
  private:
   struct Parameters;

@@ -1,6 +1,8 @@
 // The statements that read entries.
 #include "persistence/EntryReader.h"
 
+#include <algorithm>
+
 #include "component/Amounts.h"
 #include "component/CurrencySymbols.h"
 #include "component/DatabaseValues.h"
@@ -78,6 +80,21 @@ std::string facilityStatement(const Session& session, std::int32_t entryId, std:
          " and fd.efdid=" + std::to_string(entryId) +
          " group by h.fthTrackingID,h.fthTrackingno,fm.fmFacilityName,fm.fmdeductionid,h.fthDeductionAmt,"
          "fm.fmcurrencyid";
+}
+
+// A recovery is shown once, however many rows of the entry take it.
+std::string rowCountStatement(const Session& session, std::int32_t entryId) {
+  const auto below = [&](const char* company, const char* entry) {
+    return std::string(" where ") + company + " = " + session.companyText() + " and " + entry + " = " +
+           std::to_string(entryId) + ")";
+  };
+  return "select (select count(*) from " + session.TableLinks["pemployeeallowancedetail"] +
+         below("eadcompanyid", "eadid") + " allowances, (select count(*) from " +
+         session.TableLinks["pemployeeDeductiondetail"] + below("eddcompanyid", "eddid") +
+         " deductions, (select count(distinct isnull(efdtrackingid, 0)) from " +
+         session.TableLinks["pempfacilitydeductiondetail"] + below("efdcompanyid", "efdid") +
+         " recoveries, (select count(*) from pEmployeeCurrentDetails" +
+         below("ecdCompanyID", "ecdPaySlateID") + " movements";
 }
 
 std::string openRecoveryStatement(const Session& session, std::int32_t employeeId) {
@@ -225,6 +242,24 @@ void EntryReader::fnLoadEntryCarryForward(EntryRecord& entry) {
                                   movement.amount, DeductKind::CarriedForward, movement.symbol});
     }
   }
+}
+
+// Kind by kind, or a row shown twice would hide one that is not shown. Deductions and movements are one kind:
+// every deduction is shown, with any letter, also with that of a movement.
+int EntryReader::hiddenRows(const EntryRecord& entry) {
+  ado::Recordset stored;
+  stored.Open(rowCountStatement(session_, entry.id), *session_.adocon(), CursorType::ForwardOnly,
+              LockType::ReadOnly);
+  const auto count = [&stored](const char* kind) { return basic::CLng(stored.Fields(kind).Value()); };
+  const auto size = [](const auto& rows) { return static_cast<std::int32_t>(rows.size()); };
+  const auto fromMovement = [](const ListRow& row) {
+    return cell(row, AllowColumn::Default) == AllowKind::CarriedForward;
+  };
+  const auto paidOut = static_cast<std::int32_t>(
+      std::count_if(entry.allowances.begin(), entry.allowances.end(), fromMovement));
+  return std::max(0, count("allowances") - (size(entry.allowances) - paidOut)) +
+         std::max(0, count("deductions") + count("movements") - (size(entry.deductions) + paidOut)) +
+         std::max(0, count("recoveries") - size(entry.facilities));
 }
 
 void EntryReader::readRows(EntryRecord& entry) {

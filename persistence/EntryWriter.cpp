@@ -56,12 +56,6 @@ bool isProcessed(const basic::Value& mark) {
   return !basic::isNull(mark) && basic::CLng(mark) == 1;
 }
 
-const std::string& cell(const ListRow& row, int column) {
-  static const std::string none;
-  const auto index = static_cast<std::size_t>(column);
-  return index < row.size() ? row[index] : none;
-}
-
 // Which columns of a deduction row its type fills: the identifier's column and, of the two columns that point
 // at an issued loan or an opened savings account, the one that gets the transaction.
 struct DeductionTarget {

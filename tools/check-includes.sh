@@ -20,10 +20,11 @@ platform/common    : platform/basic platform/ado platform/ui
 schema             : platform/basic platform/ado
 component          : $platform
 persistence        : component platform/basic platform/ado platform/common
+review             : component platform/basic platform/ado platform/common
 facilities         : component $platform
 paycomponents      : component $platform
-entry              : component facilities paycomponents persistence $platform
-browser            : component persistence entry $platform
+entry              : component facilities paycomponents persistence review $platform
+browser            : component persistence review entry $platform
 payslate           : component browser $platform platform/providers
 desktop            : platform/basic platform/ui <Q
 host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/
@@ -47,6 +48,7 @@ tests/persistence  : component persistence schema $databases platform/common tes
 tests/soak         : host payslate $platform platform/scripted tests/component
 tests/server       : platform/basic platform/ado tests/ado
 persistence never reaches platform/ui
+review never reaches platform/ui
 "
 
 find_sources() { find . -path ./build -prune -o -path './.*' -prune -o \( -name '*.cpp' -o -name '*.h' \) -print; }

@@ -29,6 +29,10 @@ inline Cents cents(const std::string& text) {
   return std::stoll("0" + text) * 100 + std::stoll(decimals.substr(0, 2)) + (decimals[2] >= '5' ? 1 : 0);
 }
 
+inline std::string written(Cents amount) {
+  return std::to_string(amount / 100) + "." + std::to_string(100 + amount % 100).substr(1);
+}
+
 // A row of any of the three lists.
 struct Row {
   std::string description, id, type, symbol;
@@ -160,6 +164,14 @@ class Payroll : public DemoPayroll {
           "pemployeeDeductiondetail where eddid", "pEmployeeCurrentDetails where ecdPaySlateID",
           "pempfacilitydeductiondetail where efdid"})
       connection->Execute("delete from " + key + " = " + nextEntry_);
+  }
+
+  // What is still owed on a loan, or in a savings account.
+  [[nodiscard]] Cents balance(const Row& row) const {
+    const std::string from = row.isAny("L")
+                                 ? "liCurrentBalance from pLoansIssue where liCompanyID = 1 and liID = "
+                                 : "osCurrentBalance from popeningsavings where osCompanyID = 1 and osID = ";
+    return std::stoll(query("select " + from + row.other).at(0).at(0));
   }
 
   // Description and currency symbol.

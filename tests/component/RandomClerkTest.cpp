@@ -55,6 +55,11 @@ class RandomClerk : public ui::Clerk {
       return ui::Answer::Ok;
     }
     const bool yes = !leaving_ && chance(2);
+    if (message.style == ui::MessageStyle::AskQuestionNo) {
+      takeDown(message.text);
+      declined_ = !yes;
+      return yes ? ui::Answer::Yes : ui::Answer::No;
+    }
     const bool closing = message.text == "Save Changes?";
     if (closing && yes) saving_ = true;
     if (!closing) askedToDelete(message.text, yes);
@@ -71,8 +76,9 @@ class RandomClerk : public ui::Clerk {
     return picked;
   }
 
-  std::set<std::string> seen;  // messages
-  unsigned stored = 0;         // months
+  std::set<std::string> seen;          // messages
+  unsigned stored = 0;                 // months
+  std::array<unsigned, 2> lookedAt{};  // again, and stored all the same
 
  private:
   std::size_t below(std::size_t limit) { return chance_() % limit; }
@@ -122,6 +128,47 @@ class RandomClerk : public ui::Clerk {
       return;
     }
     require(false, "a question about no selected row");
+  }
+
+  // The lines of the question before a save. Refresh's own are judged here, by the rows that they are about.
+  void takeDown(const std::string& question) {
+    for (std::size_t at = question.find('\r') + 1, end = 0;
+         (end = question.find('\r', at)) != std::string::npos; at = end + 1) {
+      const std::string line = question.substr(at, end - at);
+      const std::size_t refresh = line.find(": Refresh replaced ");
+      if (refresh == std::string::npos) {
+        asked_.insert(line);
+        continue;
+      }
+      const auto about = [&](const Row& row) {
+        return row.isAny("LSF") && row.description == line.substr(0, refresh) &&
+               row.amount == cents(line.substr(line.rfind(' ') + 1));
+      };
+      const Rows& rows = known_[Deductions];
+      require(refreshed_ && std::any_of(rows.begin(), rows.end(), about), "a line about no row: " + line);
+    }
+  }
+
+  std::set<std::string> expectedLines() const {
+    std::map<std::pair<std::string, std::string>, std::array<Cents, 2>> recoveries;  // by type and currency
+    for (const Row& row : known_[Deductions])
+      if (row.isAny("F")) recoveries[{row.id, row.symbol}][0] += row.amount;
+    for (const Row& row : known_[Facilities])
+      if (row.ticked) recoveries[{row.other, row.symbol}][1] += row.amount;
+    std::set<std::string> lines;
+    for (const auto& [key, sums] : recoveries)
+      if (sums[0] != sums[1])
+        lines.insert(payroll_.component(Deductions, key.first).first + ": " + written(sums[0]) + " " +
+                     key.second + " is deducted, but the ticked recoveries come to " + written(sums[1]) +
+                     " " + key.second);
+    for (const Row& row : known_[Deductions]) {
+      if (!row.isAny("LS")) continue;
+      const Cents balance = payroll_.balance(row);
+      if (row.amount > balance)
+        lines.insert(row.description + ": " + written(row.amount) + " is more than the balance, " +
+                     written(balance));
+    }
+    return lines;
   }
 
   // A deduction type's row of type "F" is the sum of its ticked settlements.
@@ -179,7 +226,8 @@ class RandomClerk : public ui::Clerk {
 
   void enterMonth(frmpayslate& entry) {
     entry_ = &entry;
-    leaving_ = false;
+    leaving_ = refreshed_ = declined_ = false;
+    asked_.clear();
     for (int index = 0; index < entry.cboEmpname.ListCount(); ++index)
       if (entry.cboEmpname.ItemData(index) == employee) entry.input().choose(entry.cboEmpname, index);
     std::string types;
@@ -213,6 +261,7 @@ class RandomClerk : public ui::Clerk {
 
   void refreshFormulas() {
     press(*entry_, "cmdRefresh");
+    refreshed_ = true;
     for (const Kind kind : payLists) {
       const Rows now = shown(kind);
       for (std::size_t row = 0; row < std::min(now.size(), known_[kind].size()); ++row)
@@ -222,7 +271,7 @@ class RandomClerk : public ui::Clerk {
 
   void retypeBasicPay() {
     const Cents typed = cents(entry_->txtBasicPay.Tag()) - 99 + static_cast<Cents>(below(200));
-    const std::string text = std::to_string(typed / 100) + "." + std::to_string(100 + typed % 100).substr(1);
+    const std::string text = written(typed);
     typeInto(entry_->txtBasicPay, text);
     entry_->input().key({ui::KeyCode::Tab});
     require(entry_->txtBasicPay.Text() == text, "a basic pay within one unit was not taken");
@@ -347,9 +396,12 @@ class RandomClerk : public ui::Clerk {
     if (saving_) totals_ = now;
     const auto owes = [](const auto& total) { return total.second < 0; };
     const bool negative = std::any_of(totals_.begin(), totals_.end(), owes);
-    require(entry_->isLoaded() == (saving_ && negative),
-            "the form stays when its month is refused, only then");
-    const bool stores = saving_ && !negative;
+    require(entry_->isLoaded() == (saving_ && (negative || declined_)),
+            "the form stays when its month is refused or looked at again, only then");
+    const bool stores = saving_ && !negative && !declined_;
+    const auto expected = saving_ && !negative ? expectedLines() : std::set<std::string>();
+    require(asked_ == expected, "asked instead of " + ::testing::PrintToString(expected));
+    if (!asked_.empty()) ++lookedAt[declined_ ? 0 : 1];
     require(payroll_.newEntry() == (stores ? storedForm(cents(entry_->txtBasicPay.Text()), known_) : before),
             "not what the lists held is stored");
     if (stores) ++stored;
@@ -372,6 +424,9 @@ class RandomClerk : public ui::Clerk {
   bool deleted_ = false;
   bool saving_ = false;
   bool leaving_ = false;
+  bool refreshed_ = false;
+  bool declined_ = false;
+  std::set<std::string> asked_;  // before the save
 };
 
 TEST(RandomClerk, WhateverHeDoesListsTotalsAndStoredRowsAgree) {
@@ -381,6 +436,7 @@ TEST(RandomClerk, WhateverHeDoesListsTotalsAndStoredRowsAgree) {
   // He came everywhere.
   for (const std::string& refusal : refusals) EXPECT_TRUE(clerk.seen.contains(refusal)) << refusal;
   EXPECT_GT(clerk.stored, months / 5);
+  for (const unsigned answered : clerk.lookedAt) EXPECT_GT(answered, months / 20);
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ class MonthClerk : public ui::Clerk {
   int fees = 0;  ///< Of the edited: who does not pay the union anyway.
   int cancelled = 0;
   int offered = 0;
+  int lookedAt = 0;  ///< What a review found.
 
   void attend(ui::Form& form) override {
     if (form.Name() == "FrmMaster") return workOnList(form);
@@ -57,6 +58,7 @@ class MonthClerk : public ui::Clerk {
   }
 
   ui::Answer answer(const ui::Message& message) override {
+    if (message.style == ui::MessageStyle::AskQuestionNo) ++lookedAt;
     const bool closing = message.text == "Save Changes?";
     return !message.asksYesNo() ? ui::Answer::Ok : closing ? ui::Answer::No : ui::Answer::Yes;
   }
@@ -126,6 +128,7 @@ TEST(WholeCompany, StoredRowsAddUpToTheMasters) {
   EXPECT_GT(clerk.edited, clerk.fees);
   EXPECT_GT(clerk.fees, 5);
   EXPECT_GT(clerk.cancelled, 2);
+  EXPECT_EQ(clerk.lookedAt, 0);
   EXPECT_EQ(value("select count(*) from pempmonthlyentryheader"), before + clerk.entered);
 
   std::vector<MonthSum> sums = monthSums(live);
