@@ -1,9 +1,7 @@
 // Saving an entry: validation, the one transaction, the list's row.
 #include "entry/frmpayslate.h"
 #include "paycomponents/ListColumns.h"
-#include "persistence/EntryNumbers.h"
-#include "persistence/EntryWriter.h"
-#include "platform/ado/Transaction.h"
+#include "persistence/EntryStore.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate {
@@ -59,13 +57,8 @@ EntryRecord frmpayslate::record() const {
   return entry;
 }
 
-// Rolled back, and its locks given up, before anybody hears of an error.
 void frmpayslate::save() {
-  const EntryRecord entry = record();
-  ado::Transaction transaction(*bas_.adocon());
-  StoredEntryNumbers numbers(bas_, *helpers_.objCommonDB);
-  state_.lngEntryID = EntryWriter(bas_, *helpers_.objCommonDB, numbers).store(entry);
-  transaction.commit();
+  state_.lngEntryID = storeEntry(bas_, *helpers_.objCommonDB, record());
 }
 
 void frmpayslate::cmdOk_Click() {
