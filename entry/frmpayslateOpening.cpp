@@ -12,6 +12,7 @@ void frmpayslate::openStored(const ListedEntry& listed) {
   opening_ = true;
   showStored(header);
   opening_ = false;
+  ownDate_ = dtpattdate.Value();
 }
 
 void frmpayslate::refuseChanges(const std::string& reason) {

@@ -8,6 +8,8 @@ namespace payslate {
 
 namespace {
 
+constexpr int currencyPage = 4;
+
 std::vector<ListRow> copyRows(const ui::ListView& list) {
   std::vector<ListRow> rows;
   rows.reserve(list.rows().size());
@@ -32,10 +34,20 @@ bool frmpayslate::fnValidateEntry() {
     bas_.refuse(noSaveReason(state_.month), cboEmpname);
     return false;
   }
-  DisplayCurrency();  // A row that was deleted has left the statement as it was.
+  DisplayCurrency();
   for (int row = 0; row < lvwCurrency.rowCount(); ++row) {
     if (basic::Val(lvwCurrency.cellText(row, CurrencyColumn::Amount)) >= 0) continue;
     bas_.message("Can not have Negative pay");
+    tabpayslate.Tab = currencyPage;
+    lvwCurrency.select(row);
+    return false;
+  }
+  if (!attendance_.hasPeriod()) {
+    bas_.refuse(
+        "Pay month " + std::to_string(dtpattdate.Value().month()) +
+            " of this company has no start date, and an entry without a pay period is not stored. Have "
+            "the pay months (vwPaymonthvsdate) completed.",
+        dtpattdate);
     return false;
   }
   blnSaveValid_ = true;

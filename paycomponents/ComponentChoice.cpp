@@ -29,6 +29,10 @@ void ComponentChoice::chosen() {
   }
 }
 
+bool ComponentChoice::showsRetired() const {
+  return row_ && controls_.combo.ListIndex() < 0 && controls_.combo.Text() == row_->description;
+}
+
 void ComponentChoice::complete() {
   if (incomplete_) chosen();
 }

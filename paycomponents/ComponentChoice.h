@@ -50,6 +50,9 @@ class ComponentChoice {
   /// formula.
   void showRow(const Row& row);
 
+  /// Is the row's own component shown, one that cannot be chosen any more? Its amount can still be corrected.
+  [[nodiscard]] bool showsRetired() const;
+
   /// A component must be chosen.
   [[nodiscard]] std::int32_t componentId() const;
 

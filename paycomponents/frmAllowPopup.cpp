@@ -119,7 +119,7 @@ void frmAllowPopup::rowEdited() {
 }
 
 bool frmAllowPopup::storeAllowance() {
-  if (!cboAllow.Enabled()) {  // A standing allowance, whose type may have become inactive.
+  if (!cboAllow.Enabled() || choice_.showsRetired()) {  // Of a type that stays, or that is gone.
     rewriteAmount();
     return true;
   }
@@ -149,7 +149,8 @@ bool frmAllowPopup::payBalanceOut() {
 void frmAllowPopup::cmdOk_Click() {
   const bool balance = strSalCarryFwd == AllowKind::CarriedForward;
   const bool chosen = cboAllow.ListIndex() >= 0;
-  if (!balance && !chosen && cboAllow.Enabled()) return bas_.refuse("select the allowance type", cboAllow);
+  if (!balance && !chosen && cboAllow.Enabled() && !choice_.showsRetired())
+    return bas_.refuse("select the allowance type", cboAllow);
   if (chosen) choice_.complete();
   if (!bas_.fnCheckBlank(txtAmount, "Enter amount", bas_.MsgboxTitle)) return;
   if (!(balance ? payBalanceOut() : storeAllowance())) return;

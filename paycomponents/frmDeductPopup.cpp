@@ -172,6 +172,7 @@ bool frmDeductPopup::storeFixed() {
 }
 
 bool frmDeductPopup::storeChosen() {
+  if (!adding() && choice_.showsRetired()) return storeFixed();
   if (cboDeduct.ListIndex() < 0) {
     bas_.refuse("select the deduction type", cboDeduct);
     return false;

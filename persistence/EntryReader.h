@@ -23,10 +23,10 @@ class CommonDB;
 /// The header alone. ado::Error when the entry is not there any more.
 EntryRecord readHeader(Session& session, std::int32_t entryId);
 
-/// Header of the employee's live entry in the month of the date; of any entry, where the way began at an
-/// opened one.
+/// Header of the employee's live entry in the month of the date, if there is one. Where the way began at an
+/// opened entry, the second asks: its statement reads cancelled entries too.
 std::optional<EntryRecord> liveInMonth(Session& session, std::int32_t employeeId, basic::Date date);
-std::optional<EntryRecord> anyInMonth(Session& session, std::int32_t employeeId, basic::Date date);
+std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t employeeId, basic::Date date);
 
 /// Has the payroll run taken the entry?
 bool isProcessedEntry(Session& session, std::int32_t entryId);

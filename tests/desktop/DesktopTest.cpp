@@ -240,7 +240,8 @@ TEST_F(Desktop, ShowsMessagesAsTheirStylesSay) {
                {ui::MessageStyle::AskQuestion, QMessageBox::Question, ui::Answer::Yes},
                {ui::MessageStyle::Exclamation, QMessageBox::Warning, ui::Answer::Ok},
                {ui::MessageStyle::Information, QMessageBox::Information, ui::Answer::Ok},
-               {ui::MessageStyle::AskInformation, QMessageBox::Information, ui::Answer::No}};
+               {ui::MessageStyle::AskInformation, QMessageBox::Information, ui::Answer::No},
+               {ui::MessageStyle::AskQuestionNo, QMessageBox::Question, ui::Answer::Yes}};
   windows.setClerk(&clerk);
   for (const auto& one : cases) {
     clerk.says = one.answer;
@@ -256,6 +257,38 @@ TEST_F(Desktop, ShowsMessagesAsTheirStylesSay) {
     };
     EXPECT_EQ(windows.showMessage({"<i>a</i> & b", one.style, "Toy"}), one.answer);
     EXPECT_EQ(seen, 1);
+  }
+}
+
+// Escape, the close box, then Enter.
+TEST_F(Desktop, LeavesAQuestionOpenUntilAButtonAnswersIt) {
+  const std::pair<ui::MessageStyle, ui::Answer> cases[] = {
+      {ui::MessageStyle::AskInformation, ui::Answer::Yes},
+      {ui::MessageStyle::AskCritical, ui::Answer::Yes},
+      {ui::MessageStyle::AskQuestionNo, ui::Answer::No}};
+  for (const auto& [style, entered] : cases) {
+    int stayed = 0;
+    QTimer::singleShot(5, &life, [&stayed] {
+      QWidget* box = QApplication::activeModalWidget();
+      QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+      stayed += box->isVisible() ? 1 : 0;
+      box->windowHandle()->close();
+      stayed += box->isVisible() ? 1 : 0;
+      QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    EXPECT_EQ(windows.showMessage({"Really?", style, "Toy"}), entered) << static_cast<int>(style);
+    EXPECT_EQ(stayed, 2) << static_cast<int>(style);
+  }
+  for (const bool byKey : {true, false}) {
+    QTimer::singleShot(5, &life, [byKey] {
+      QWidget* box = QApplication::activeModalWidget();
+      if (byKey)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+      else
+        box->close();
+      EXPECT_FALSE(box->isVisible());
+    });
+    EXPECT_EQ(windows.showMessage({"Done.", ui::MessageStyle::Information, "Toy"}), ui::Answer::Ok);
   }
 }
 

@@ -176,7 +176,7 @@ TEST(CommonGen, LetsOnlyNumbersBeTyped) {
   for (const auto& one : cases) {
     form.text.Text = one.text;
     form.text.Select(one.start, one.length);
-    int key = one.key;
+    int key = static_cast<unsigned char>(one.key);
     general.TextValidateNum(form.text, key, 18, 2);
     EXPECT_EQ(key != 0, one.passes) << one.text << " + " << one.key;
   }
