@@ -23,7 +23,7 @@ struct EntryState {
   HeldMonth month = HeldMonth::Nothing;
   std::string whyNotWhole;  ///< What stood in the way, as the clerk was told; empty when the month is whole.
 
-  std::int32_t lngEntryID = 0;  ///< emhID of the entry shown or saved; 0 while it has none.
+  std::int32_t lngEntryID = 0;  ///< emhID of the entry opened or saved last; 0 before.
   double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.
   double dblHolidays = 0;       ///< Holidays in the employee's attendance of the period.
   double dblPeriodDays = 0;     ///< Days of the period on which the employee is employed.

@@ -86,6 +86,7 @@ basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
 }  // namespace
 
 void Attendance::computePeriod(common::CommonDB& database) {
+  bas_.dtPeriodStart = bas_.dtPeriodEnd = basic::Date();  // Should it fail, no other month's period stays.
   const basic::Date entryDate = controls_.dtpattdate.Value();
   database.strTableName("vwPaymonthvsdate");
   const std::string month = std::to_string(entryDate.month());

@@ -22,6 +22,7 @@ constexpr double basicPayTolerance = 1;
 void PayBoxes::keepLoaded() {
   loadedBasicPay_ = controls_.txtBasicPay.Text();
   loadedPresent_ = presentSeen_ = controls_.txtNoPresent.Text();
+  loadedAbsent_ = controls_.txtNoAbsent.Text();
 }
 
 bool PayBoxes::accept() const {
@@ -68,7 +69,10 @@ double PayBoxes::largestPresent() const {
 void PayBoxes::txtNoPresent_KeyUp() {
   if (controls_.txtNoPresent.Text() == presentSeen_) return;
   presentSeen_ = controls_.txtNoPresent.Text();
-  controls_.txtNoAbsent.Text = numberText(largestPresent() - Val(controls_.txtNoPresent.Text()));
+  // Typed back to what was loaded, the days are those of the sheets again: the reckoning takes leave off
+  // twice.
+  controls_.txtNoAbsent.Text =
+      presentSeen_ == loadedPresent_ ? loadedAbsent_ : numberText(largestPresent() - Val(presentSeen_));
 }
 
 void PayBoxes::txtNoPresent_Validate(bool& cancel) const {

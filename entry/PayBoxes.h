@@ -49,6 +49,7 @@ class PayBoxes {
   PayBoxControls controls_;
   std::string loadedBasicPay_;
   std::string loadedPresent_;
+  std::string loadedAbsent_;
   std::string presentSeen_;  ///< As absent days were reckoned from last.
 };
 

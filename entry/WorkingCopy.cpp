@@ -1,6 +1,7 @@
 // Emptying a month's controls, and telling what became of them.
 #include "entry/WorkingCopy.h"
 
+#include "component/Amounts.h"
 #include "facilities/FacilityPage.h"
 #include "paycomponents/AllowancePage.h"
 #include "paycomponents/DeductionPage.h"
@@ -37,17 +38,18 @@ bool WorkingCopy::isChanged() const {
          contents() != loaded_;
 }
 
+// An amount that is only written otherwise, 500 and 500.00, is no change.
 std::vector<std::string> WorkingCopy::contents() const {
   std::vector<std::string> texts;
   for (const ui::TextBox* box :
        {&controls_.txtNoPresent, &controls_.txtNoLeave, &controls_.txtNoAbsent, &controls_.txtBasicPay})
-    texts.push_back(basic::Trim(box->Text()));
+    texts.push_back(typedAmountText(basic::Trim(box->Text())));
   for (const ui::CheckBox* box : {&controls_.chkHold, &controls_.Chkpaid})
     texts.emplace_back(box->checked() ? "1" : "0");
   for (const ui::ListView* list : {&allowances_.list(), &deductions_.list(), &facilities_.list()})
     for (const ui::ListView::Row& row : list->rows()) {
       texts.emplace_back(row.checked ? "1" : "0");
-      texts.insert(texts.end(), row.cells.begin(), row.cells.end());
+      for (const std::string& cell : row.cells) texts.push_back(typedAmountText(cell));
     }
   return texts;
 }

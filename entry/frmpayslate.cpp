@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "paycomponents/ListColumns.h"
 #include "platform/ado/Error.h"
-#include "platform/basic/Numbers.h"
 
 namespace payslate {
 
@@ -84,12 +84,14 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Facilities, facilities_);
   cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct); };
 
+  txtBasicPay.numeric = true;
   txtBasicPay.Change = [this] { DisplayCurrency(); };
   txtBasicPay.KeyPress = [this](int& keyAscii) {
     boxes_.txtBasicPay_KeyPress(*helpers_.objCommonGen, keyAscii);
   };
   txtBasicPay.Validate = [this](bool& cancel) { boxes_.txtBasicPay_Validate(cancel); };
   for (ui::TextBox* box : {&txtNoPresent, &txtNoLeave, &txtNoAbsent}) {
+    box->numeric = true;
     box->GotFocus = [box] { box->SelectAll(); };
     box->KeyPress = [this, box](int& keyAscii) {
       boxes_.dayCount_KeyPress(*helpers_.objCommonGen, *box, keyAscii);
@@ -106,7 +108,7 @@ void frmpayslate::wireEvents() {
 }
 
 void frmpayslate::dtpattdate_Change() {
-  const bool keepsMonth = opened_ && !bas_.isNewEntry();
+  const bool keepsMonth = opened_ && heldIndex_ && !bas_.isNewEntry();
   if (!keepsMonth && !mayLeaveMonth()) {
     dtpattdate.Value = ownDate_;
     return;
@@ -114,7 +116,7 @@ void frmpayslate::dtpattdate_Change() {
   bas_.ProcessDate = dtpattdate.Value();
   // A stored month that was met by choosing an employee is not the list's entry: the other date starts
   // afresh.
-  if (!opened_) bas_.strMode = EntryMode::New;
+  if (!keepsMonth) bas_.strMode = EntryMode::New;
   Form_Load();
 }
 
@@ -137,6 +139,7 @@ void frmpayslate::Form_Load() {
 
 void frmpayslate::fillEmployees() {
   if (bas_.isNewEntry()) {
+    opened_.reset();
     giveMonthUp();
     bas_.FillCombo(cboEmpname, "eEmpId", "ename", employeesWithoutEntry(bas_));
     cboEmpname.Enabled = true;

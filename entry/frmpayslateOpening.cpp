@@ -32,12 +32,8 @@ void frmpayslate::showStored(const EntryRecord& header) {
   } else if (isProcessedEntry(bas_, header.id)) {
     refuseChanges("Payroll processed. Cannot edit.");
   }
-  EntryReader reader(bas_, *helpers_.objCommonDB);
   EntryRecord entry = header;
-  reader.readDeductions(entry);
-  reader.readAllowances(entry);
-  reader.fnLoadEntryFacilities(entry);
-  reader.fnLoadEntryCarryForward(entry);
+  EntryReader(bas_, *helpers_.objCommonDB).readRows(entry);
   storedMonth_.showPay(entry);
   facilities_.showTaken(entry.facilities);
   DisplayCurrency();

@@ -79,6 +79,7 @@ void frmpayslate::cmdOk_Click() {
     if (!fnValidateEntry()) return;
     save();
     stored = true;
+    workingCopy_.keepLoaded();
     if (list_ != nullptr) list_->RefreshBrowseRow(entryCondition(state_.lngEntryID), state_.lngEntryID);
     cmdOk.Enabled = false;
     Unload();

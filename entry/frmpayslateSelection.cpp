@@ -11,6 +11,7 @@ using basic::Val;
 namespace {
 
 constexpr const char* basicPayPattern = "########0.00";
+
 }  // namespace
 
 bool frmpayslate::prepareNewMonth(std::int32_t employeeId) {
@@ -33,6 +34,8 @@ void frmpayslate::cboEmpname_SelectionMoved() {
 void frmpayslate::cboEmpname_Click() {
   if (!state_.employeeId || takingBack_) return;
   if (!opening_) {
+    // Typed away and back: the month was never left.
+    if (heldIndex_ == cboEmpname.ListIndex() && state_.month != HeldMonth::Whole) return takeSelectionBack();
     if (!mayLeaveMonth()) return takeSelectionBack();
     giveMonthUp();
   }

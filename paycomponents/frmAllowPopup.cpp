@@ -22,6 +22,7 @@ frmAllowPopup::frmAllowPopup(BasPaySlate& bas, AllowancePage& page)
   Load = [this] { Form_Load(); };
   Activate = [this] { Form_Activate(); };
   cboAllow.Click = [this] { choice_.chosen(); };
+  cboAllow.Change = [this] { choice_.typed(); };
   cboAllow.KeyPress = [this](int& keyAscii) { bas_.EnterToTab(keyAscii); };
   makeAmountBox(txtAmount, bas_, helpers_);
   cmdOk.Click = [this] { cmdOk_Click(); };

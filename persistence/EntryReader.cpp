@@ -227,12 +227,16 @@ void EntryReader::fnLoadEntryCarryForward(EntryRecord& entry) {
   }
 }
 
-EntryRecord EntryReader::whole(std::int32_t entryId) {
-  EntryRecord entry = readHeader(session_, entryId);
+void EntryReader::readRows(EntryRecord& entry) {
   readDeductions(entry);
   readAllowances(entry);
   fnLoadEntryFacilities(entry);
   fnLoadEntryCarryForward(entry);
+}
+
+EntryRecord EntryReader::whole(std::int32_t entryId) {
+  EntryRecord entry = readHeader(session_, entryId);
+  readRows(entry);
   return entry;
 }
 

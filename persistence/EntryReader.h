@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "component/EntryRecord.h"
@@ -43,6 +42,8 @@ class EntryReader {
   void readAllowances(EntryRecord& entry);
   void fnLoadEntryFacilities(EntryRecord& entry);
   void fnLoadEntryCarryForward(EntryRecord& entry);
+  /// All of them.
+  void readRows(EntryRecord& entry);
   /// Header and rows.
   [[nodiscard]] EntryRecord whole(std::int32_t entryId);
 
