@@ -42,7 +42,7 @@ void frmCancel::txtcanreason_KeyPress(int& keyAscii) {
 
 void frmCancel::cmdOk_Click() {
   if (!bas_.fnCheckBlank(txtcanreason, "Enter reason for deletion", bas_.MsgboxTitle)) return;
-  cancelEntry(bas_, entryId_, txtcanreason.Text());
+  if (const auto sentence = cancelEntry(bas_, entryId_, txtcanreason.Text())) bas_.message(*sentence);
   Unload();
 }
 

@@ -80,9 +80,11 @@ void TableLinkMap::load(ado::Connection& connection) {
   links.Close();
 }
 
+// The statement finds a name whatever blanks pad it, as a column of fixed width does.
 void TableLinkMap::assign(std::string_view logicalName, const std::string& physicalName) {
+  const std::string unpadded = basic::Trim(logicalName);
   for (auto& [name, physical] : slots_)
-    if (basic::sameName(name, logicalName)) physical = physicalName;
+    if (basic::sameName(name, unpadded)) physical = physicalName;
 }
 
 const std::string& TableLinkMap::operator[](std::string_view logicalName) const {

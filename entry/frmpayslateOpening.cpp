@@ -32,8 +32,9 @@ void frmpayslate::showStored(const EntryRecord& header) {
   } else if (isProcessedEntry(bas_, header.id)) {
     refuseChanges("Payroll processed. Cannot edit.");
   }
+  EntryReader reader(bas_, *helpers_.objCommonDB);
   EntryRecord entry = header;
-  EntryReader(bas_, *helpers_.objCommonDB).readRows(entry);
+  reader.readRows(entry);
   storedMonth_.showPay(entry);
   facilities_.showTaken(entry.facilities);
   DisplayCurrency();

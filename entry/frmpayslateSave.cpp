@@ -3,10 +3,8 @@
 
 #include "entry/frmpayslate.h"
 #include "paycomponents/ListColumns.h"
-#include "persistence/EntryNumbers.h"
-#include "persistence/EntryWriter.h"
+#include "persistence/EntryStore.h"
 #include "persistence/StoredStateReader.h"
-#include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
 #include "review/Review.h"
 
@@ -103,13 +101,8 @@ void frmpayslate::pointOut(const Finding& finding) {
   }
 }
 
-// Rolled back, and its locks given up, before anybody hears of an error.
 void frmpayslate::save() {
-  const EntryRecord entry = record();
-  ado::Transaction transaction(*bas_.adocon());
-  StoredEntryNumbers numbers(bas_, *helpers_.objCommonDB);
-  state_.lngEntryID = EntryWriter(bas_, *helpers_.objCommonDB, numbers).store(entry);
-  transaction.commit();
+  state_.lngEntryID = storeEntry(bas_, *helpers_.objCommonDB, record());
 }
 
 void frmpayslate::cmdOk_Click() {

@@ -43,15 +43,17 @@ bool hasRow(ado::Connection& connection, const std::string& statement) {
   return !rows.Eof();
 }
 
-constexpr const char* noSuchTable = "42S02";
 constexpr const char* payrollProbe = "select tablename, linktablename from linkTable where 1 = 0";
+
+// Asked of the catalog: servers differ in how they refuse a statement on a table that is not there. Some keep
+// names in small letters.
+constexpr const char* payrollTables =
+    "select TABLE_NAME from INFORMATION_SCHEMA.TABLES where lower(TABLE_NAME) = 'linktable'";
 
 bool holdsPayroll(ado::Connection& connection) {
   try {
-    connection.Execute(payrollProbe);
-    return true;
+    return hasRow(connection, payrollTables);
   } catch (const ado::Error& error) {
-    if (error.SQLState == noSuchTable) return false;
     throw Refusal("It cannot be told whether the database holds payroll tables: " +
                   trimmedEnd(error.Description) + ".");
   }

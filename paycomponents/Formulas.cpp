@@ -45,6 +45,10 @@ std::string failure(std::int32_t formulaId, const std::string& statement, const 
 double computed(ado::Connection& connection, std::int32_t formulaId, const std::string& statement) {
   try {
     ado::Recordset result = connection.Execute(statement);
+    if (result.FieldCount() != 1)
+      throw ado::Error("The answer has " + std::to_string(result.FieldCount()) +
+                           " columns, and a formula has one: numbers are written without commas.",
+                       "21000");
     return basic::CDbl(result.Fields(0).Value());
   } catch (ado::Error& error) {
     error.Description = failure(formulaId, statement, error.Description);
@@ -79,10 +83,14 @@ struct Formulas::Parameters {
       if (name == code) held = value;
   }
 
-  // One blank-separated token of an upper-case expression, as the server is to read it.
+  // One blank-separated token of an upper-case expression, as the server is to read it. A sign of the value's
+  // own belongs to the value, whatever stands before it.
   [[nodiscard]] std::string replaced(const std::string& token) const {
-    for (const auto& [name, value] : codes)
-      if (name == token) return basic::Format(value, parameterPattern);
+    for (const auto& [name, value] : codes) {
+      if (name != token) continue;
+      const std::string text = basic::Format(value, parameterPattern);
+      return text.starts_with('-') ? "(" + text + ")" : text;
+    }
     return basic::IsNumeric(token) ? basic::Format(Val(token), parameterPattern) : token;
   }
 };
@@ -125,7 +133,10 @@ double Formulas::fnformulaamt(std::int32_t formulaId) const {
   std::string arithmetic;
   for (std::size_t at = 0; at <= text.size();) {
     const std::size_t blank = std::min(text.find(' ', at), text.size());
-    arithmetic += values.replaced(text.substr(at, blank - at));
+    const std::string token = values.replaced(text.substr(at, blank - at));
+    if (arithmetic.ends_with('-') && token.starts_with('-'))
+      arithmetic += ' ';  // Joined they begin a comment.
+    arithmetic += token;
     at = blank + 1;
   }
   return computed(*session_.adocon(), formulaId, "select " + arithmetic);

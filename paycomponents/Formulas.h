@@ -32,8 +32,8 @@ class Formulas {
 
   /// Value of the formula for the selected employee and the pay period, with the server's full precision. An
   /// employee must be selected. ado::Error: no such formula or an empty one, whatever the server refuses (an
-  /// unknown word, a division by zero), a result that is Null or no number; the description then holds the
-  /// statement as sent.
+  /// unknown word, a division by zero), a result of several columns, that is Null or no number; the
+  /// description then holds the statement as sent.
   [[nodiscard]] double fnformulaamt(std::int32_t formulaId) const;
 
   /// The same, and an error says which pay component it is about.

@@ -1,10 +1,34 @@
 // From the host's call to the list of entries.
 #include "payslate/clspayslate.h"
 
+#include <atomic>
+#include <stdexcept>
+
 #include "browser/FrmMaster.h"
 #include "component/BasPaySlate.h"
 
 namespace payslate {
+
+namespace {
+
+/// Session and forms are the process's, whatever instance shows them: two lists would share them.
+class Showing {
+ public:
+  Showing() {
+    if (shown_.exchange(true))
+      throw std::logic_error("The monthly entry is shown already: show it again when its list is closed.");
+  }
+  ~Showing() { shown_ = false; }
+  Showing(const Showing&) = delete;
+  Showing& operator=(const Showing&) = delete;
+
+ private:
+  static std::atomic<bool> shown_;
+};
+
+std::atomic<bool> Showing::shown_ = false;
+
+}  // namespace
 
 const std::shared_ptr<ado::Connection>& clspayslate::adocon() {
   if (!adocon_) adocon_ = std::make_shared<ado::Connection>();
@@ -12,6 +36,10 @@ const std::shared_ptr<ado::Connection>& clspayslate::adocon() {
 }
 
 void clspayslate::Show() {
+  if (!desktop_->isOnOwnThread())
+    throw std::logic_error(
+        "The monthly entry is shown on the thread that made its desktop, and on no other.");
+  const Showing showing;
   BasPaySlate& session = basPaySlate();  // Made before the form that refers to it, so that it outlives it.
   static ui::FormSlot<FrmMaster> browseForm([] { return std::make_shared<FrmMaster>(basPaySlate()); });
 

@@ -33,7 +33,8 @@ class clspayslate {
 
   /// Opens the list of monthly entries and returns when it is closed. Neither opens nor closes the
   /// connection, and refers to it until the next Show. Raises what keeps the list from being shown
-  /// (ado::Error for the database).
+  /// (ado::Error for the database). std::logic_error, and nothing is touched, while a Show of this or another
+  /// instance has not returned, and on another thread than the one that made the desktop.
   void Show();
 
  private:

@@ -1,7 +1,9 @@
 // Looking the user up, and the two writes of a cancellation.
 #include "persistence/Cancellation.h"
 
+#include "component/DatabaseValues.h"
 #include "component/Session.h"
+#include "persistence/EntryReader.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
@@ -15,6 +17,11 @@ constexpr char quote = '\'';
 std::string userStatement(const Session& session) {
   return "select username from " + session.TableLinks["pusers"] +
          " where companyid=" + session.companyText() + " and userid=" + std::to_string(session.intUserID);
+}
+
+std::string cancelledStatement(const Session& session, std::int32_t entryId) {
+  return "select emhCancelled from " + session.TableLinks["pempmonthlyentryheader"] +
+         " where emhCompanyID=" + session.companyText() + " and emhID=" + std::to_string(entryId);
 }
 
 std::string dropRecoveries(const Session& session, std::int32_t entryId) {
@@ -37,14 +44,28 @@ std::string remarkOf(Session& session, const std::string& reason) {
   return basic::Trim(user.Fields("username").Text()) + ":" + basic::Trim(reason);
 }
 
+std::optional<std::string> goneOrCancelled(Session& session, std::int32_t entryId) {
+  ado::Recordset entry;
+  entry.Open(cancelledStatement(session, entryId), *session.adocon(), ado::CursorType::ForwardOnly,
+             ado::LockType::ReadOnly);
+  if (entry.Eof()) return "This entry is not in the database any more. Close the list and open it again.";
+  if (numberOf(entry.Fields("emhCancelled").Value()) != 1) return {};
+  return "Another clerk has cancelled this entry meanwhile. Nothing is changed.";
+}
+
 }  // namespace
 
-void cancelEntry(Session& session, std::int32_t entryId, const std::string& reason) {
+std::optional<std::string> cancelEntry(Session& session, std::int32_t entryId, const std::string& reason) {
   const std::string remark = remarkOf(session, reason);
   ado::Transaction transaction(*session.adocon());
+  if (auto sentence = goneOrCancelled(session, entryId)) return sentence;
   session.adocon()->Execute(dropRecoveries(session, entryId));
   session.adocon()->Execute(markCancelled(session, entryId, remark));
+  // Asked once the row is ours: now the payroll run has taken it already, or finds it cancelled.
+  if (isProcessedEntry(session, entryId))
+    return "The payroll run has taken this entry meanwhile. It is not cancelled.";
   transaction.commit();
+  return {};
 }
 
 }  // namespace payslate

@@ -50,7 +50,7 @@ std::vector<Movement> readMovements(Session& session, std::int32_t entryId) {
   std::vector<Movement> movements;
   for (; !rows.Eof(); rows.MoveNext()) {
     const bool paidOut =
-        basic::CLng(rows.Fields("ecdMode").Value()) == static_cast<std::int32_t>(MovementMode::PaidOut);
+        numberOf(rows.Fields("ecdMode").Value()) == static_cast<double>(MovementMode::PaidOut);
     movements.push_back({paidOut ? MovementMode::PaidOut : MovementMode::KeptBack,
                          amountText(rows.Fields("ecdAmount").Value()), rows.Fields("symbol").Text()});
   }

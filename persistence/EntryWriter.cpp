@@ -2,9 +2,11 @@
 #include "persistence/EntryWriter.h"
 
 #include "component/Amounts.h"
+#include "component/DatabaseValues.h"
 #include "component/PayRows.h"
 #include "component/Session.h"
 #include "persistence/CarriedForward.h"
+#include "persistence/Clashes.h"
 #include "persistence/EntryNumbers.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
@@ -94,7 +96,12 @@ std::int32_t EntryWriter::store(const EntryRecord& entry) {
   return lngEntryID_;
 }
 
+void EntryWriter::refuseSecondLive(const EntryRecord& entry) {
+  if (const auto sentence = secondLiveEntry(session_, entry)) throw ado::Error(*sentence, "02000");
+}
+
 void EntryWriter::startNew(ado::Recordset& header, const EntryRecord& entry) {
+  refuseSecondLive(entry);
   header.Open(newHeaderStatement(session_, entry.employeeId), *session_.adocon(), CursorType::Keyset,
               LockType::Optimistic);
   header.AddNew();
@@ -113,6 +120,10 @@ void EntryWriter::startStored(ado::Recordset& header, const EntryRecord& entry) 
     throw ado::Error("This entry was cancelled or removed while it was open. Nothing is stored.", "02000");
   if (isProcessed(header.Fields("emhprocessed").Value()))
     throw ado::Error("The payroll run has taken this entry while it was open. Nothing is stored.", "02000");
+  // Of the period it stands in it is the live one already.
+  const bool moves = numberOf(header.Fields("emhempID").Value()) != entry.employeeId ||
+                     dateOf(header.Fields("emhstartdate").Value()) != entry.periodStart;
+  if (moves) refuseSecondLive(entry);
 }
 
 basic::Value EntryWriter::originalBasic(std::int32_t employeeId) {

@@ -26,11 +26,13 @@ class EntryWriter {
 
   /// Adds an entry that has no identifier yet, or rewrites the one that has it, every row of it, and returns
   /// its identifier. Number and date of a stored entry stay. Runs inside the caller's transaction and hands
-  /// every error (ado::Error, basic::ValueError) to the caller, who rolls back.
+  /// every error (ado::Error, basic::ValueError) to the caller, who rolls back. A second live entry of the
+  /// employee for the period is such an error, whatever indexes the database has.
   std::int32_t store(const EntryRecord& entry);
 
  private:
   void fnSaveHeader(const EntryRecord& entry);
+  void refuseSecondLive(const EntryRecord& entry);
   void startNew(ado::Recordset& header, const EntryRecord& entry);
   void startStored(ado::Recordset& header, const EntryRecord& entry);
   void fnSaveAllowanceDetails(const EntryRecord& entry);

@@ -333,7 +333,8 @@ create table pempfacilitydeductiondetail (
   efdfacilityamt decimal(18,2),
   primary key (efdid, efdcompanyid, efddetailid))
 go
-create index ixFacilityDetailTracking on pempfacilitydeductiondetail (efdtrackingid, efdcompanyid)
+-- Once a recovery is taken no other entry takes it; cancelling an entry gives its recoveries up.
+create unique index uxFacilityDetailTracking on pempfacilitydeductiondetail (efdtrackingid, efdcompanyid)
 go
 create table pEmployeeCurrentDetails (
   ecdCompanyID smallint not null,

@@ -39,12 +39,13 @@ tests/odbc         : $databases platform/odbc <gtest/
 tests/ui           : platform/basic platform/ui <gtest/
 tests/scripted     : platform/basic platform/ui platform/scripted <gtest/
 tests/schema       : $databases schema tests/server <gtest/
-tests/host         : host schema payslate $platform platform/scripted <gtest/
+tests/host         : host schema payslate $platform platform/scripted tests/ado <gtest/
 tests/desktop      : desktop platform/basic platform/ui <Q <gtest/
 tests/errands      : host desktop tests/server
 tests/component    : component persistence facilities paycomponents entry browser payslate host schema \
                      $platform platform/scripted tests/ado tests/server <gtest/
-tests/persistence  : component persistence schema $databases platform/common tests/server <gtest/
+tests/persistence  : component persistence schema $databases platform/common tests/ado tests/server <gtest/
+tests/review       : component review platform/basic <gtest/
 tests/soak         : host payslate $platform platform/scripted tests/component
 tests/server       : platform/basic platform/ado tests/ado
 persistence never reaches platform/ui

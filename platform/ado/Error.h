@@ -15,6 +15,12 @@ class Error : public std::exception {
 
   [[nodiscard]] const char* what() const noexcept override { return Description.c_str(); }
 
+  /// The database gave the transaction up for another user's, as it does to end a deadlock: the same work,
+  /// done anew, may well succeed.
+  [[nodiscard]] bool gaveWay() const;
+  /// A row was refused by a key, a unique index or another rule of its table.
+  [[nodiscard]] bool brokeARule() const;
+
   std::int32_t Number = 0;  ///< The layer's own number; 0 when it has none.
   std::string SQLState;     ///< Five characters, as SQL defines them: "42000" syntax, "23000" constraint,
                             ///< "22012" division by zero.

@@ -80,6 +80,7 @@ class SqliteProvider : public ado::Provider {
     }
     file_.run("PRAGMA journal_mode = WAL");
     file_.run("PRAGMA synchronous = FULL");
+    StoredCatalog::describe(file_);
     reload();
   }
 

@@ -1,6 +1,7 @@
 // Two tables: objects, and the columns of tables with their Transact-SQL types.
 #include "platform/sqlite/StoredCatalog.h"
 
+#include "platform/tsql/Generator.h"
 #include "platform/tsql/Parser.h"
 #include "platform/tsql/TokenStream.h"
 
@@ -17,6 +18,25 @@ constexpr const char* columnsTable =
     "CREATE TABLE catalog_columns (object TEXT NOT NULL, ordinal INT NOT NULL, name TEXT NOT NULL, type TEXT "
     "NOT NULL, "
     "not_null INT NOT NULL, key_position INT NOT NULL, PRIMARY KEY (object, ordinal)) STRICT, WITHOUT ROWID";
+
+constexpr const char* tablesView = "INFORMATION_SCHEMA.TABLES";
+constexpr int longestName = 128;
+
+// TABLE_TYPE as the standard words it.
+std::string tablesViewText() {
+  return "CREATE TEMP VIEW " + tsql::quotedName(tablesView) +
+         " (TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE) AS SELECT 'dbo' COLLATE " + tsql::textCollation +
+         ", name COLLATE " + tsql::textCollation +
+         ", CASE kind WHEN 'table' THEN 'BASE TABLE' ELSE 'VIEW' END COLLATE " + tsql::textCollation +
+         " FROM main.catalog_objects WHERE kind IN ('table', 'view')";
+}
+
+tsql::TableInfo tablesViewInfo() {
+  tsql::TableInfo info{tablesView, {}};
+  for (const char* column : {"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"})
+    info.columns.push_back({column, tsql::Type::varchar(longestName), true});
+  return info;
+}
 
 const char* kindName(tsql::ObjectKind kind) {
   switch (kind) {
@@ -76,8 +96,13 @@ void StoredCatalog::prepare(DatabaseFile& file) {
   file.run("COMMIT");
 }
 
+void StoredCatalog::describe(DatabaseFile& file) {
+  file.run(tablesViewText());
+}
+
 void StoredCatalog::load(DatabaseFile& file) {
   tables_.clear();
+  tables_[tsql::lowerWord(tablesView)] = tablesViewInfo();
   views_.clear();
   procedures_.clear();
   const auto text = [](const Statement& row, std::size_t column) {

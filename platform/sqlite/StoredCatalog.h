@@ -20,6 +20,8 @@ class StoredCatalog : public tsql::Catalog {
   /// Makes the tables it is kept in when they are not there; ado::Error for a database that was made by
   /// others.
   static void prepare(DatabaseFile& file);
+  /// Makes the views for this connection in which statements read what tables and views there are.
+  static void describe(DatabaseFile& file);
   void load(DatabaseFile& file);
   /// Writes a change; load afterwards.
   static void record(DatabaseFile& file, const tsql::SchemaChange& change);

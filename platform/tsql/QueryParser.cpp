@@ -180,7 +180,9 @@ std::unique_ptr<TableRef> QueryParser::tableSource() {
     }
     return table;
   }
-  table->name = tokens_.expectObjectName("a table");
+  const bool ofCatalog = tokens_.isWord("information_schema") && tokens_.isSign(".", 1);
+  const std::string schema = ofCatalog ? tokens_.peek().text + "." : std::string();
+  table->name = schema + tokens_.expectObjectName("a table");
   if (tokens_.isSign("(")) tokens_.unsupported("A table function or hint");
   table->alias = optionalAlias(false);
   if (table->alias.empty()) table->alias = table->name;

@@ -4,6 +4,7 @@
 #include <deque>
 #include <exception>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -17,7 +18,7 @@ class Form;
 class MenuItem;
 class PopupMenu;
 
-/// Implemented by a screen. All calls come from one thread.
+/// Implemented by a screen. All calls come from one thread, the one that made it.
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -47,6 +48,9 @@ class Desktop {
   /// Shows an error that escaped an event handler.
   void report(const std::exception& error);
 
+  /// Is this the thread that made it?
+  [[nodiscard]] bool isOnOwnThread() const { return std::this_thread::get_id() == thread_; }
+
   [[nodiscard]] Form* activeForm() const { return shown_.empty() ? nullptr : shown_.back(); }
   [[nodiscard]] const std::vector<Form*>& shownForms() const { return shown_; }
 
@@ -54,6 +58,7 @@ class Desktop {
   friend class Form;
   void forgetKeys(const Form& form);
 
+  std::thread::id thread_ = std::this_thread::get_id();
   std::vector<Form*> shown_;
   std::deque<std::pair<const Form*, Key>> pending_;
 };

@@ -1,6 +1,9 @@
 // The public class and the helpers that forms share.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <thread>
+
 #include "component/BasPaySlate.h"
 #include "payslate/clspayslate.h"
 #include "platform/ado/Error.h"
@@ -74,6 +77,35 @@ TEST(Component, AClosedConnectionIsSaidAndTheListStays) {
   for (const std::string& message : clerk.messages)
     EXPECT_EQ(message.find("Payroll: The connection is"), 0U) << message;
   EXPECT_THROW(payroll.show(clerk), ado::Error);
+}
+
+// Lets a second host show its company while the list of the first is open.
+class HastyClerk : public IdleClerk {
+ public:
+  void attend(ui::Form& form) override {
+    scripted::ScriptedDesktop desktop;
+    clspayslate second(desktop);
+    second.intCompanyID = 2;
+    EXPECT_THROW(second.Show(), std::logic_error);
+    form.Unload();
+  }
+};
+
+TEST(Component, IsShownOnceAtATimeAndOnTheThreadOfItsDesktop) {
+  const DemoPayroll payroll;
+  HastyClerk clerk;
+  payroll.show(clerk);
+  EXPECT_EQ(basPaySlate().intCompanyID, 1);
+  EXPECT_EQ(basPaySlate().adocon(), payroll.connection);
+
+  scripted::ScriptedDesktop desktop;
+  clspayslate component(desktop);
+  component.intCompanyID = 2;
+  std::thread([&component] { EXPECT_THROW(component.Show(), std::logic_error); }).join();
+  EXPECT_EQ(basPaySlate().intCompanyID, 1);
+
+  IdleClerk next;
+  payroll.show(next);
 }
 
 TEST(Helpers, SnapshotsTellWhatChanged) {

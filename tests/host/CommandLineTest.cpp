@@ -12,6 +12,7 @@
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Recordset.h"
 #include "schema/schema.h"
+#include "tests/ado/ForwardingProvider.h"
 
 namespace payslate::host {
 namespace {
@@ -136,6 +137,33 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
     EXPECT_TRUE(outcome.err.ends_with(".\n") && !outcome.err.ends_with("..\n")) << outcome.err;
     EXPECT_EQ(contents(), before) << one.sentence;
   }
+}
+
+/// Words every refusal in a way of its own.
+class OddServer : public ado::ForwardingProvider {
+ public:
+  using ForwardingProvider::ForwardingProvider;
+  std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
+    try {
+      return ForwardingProvider::execute(statement);
+    } catch (ado::Error& error) {
+      error.SQLState = "HY000";
+      throw;
+    }
+  }
+};
+
+TEST_F(CommandLine, SetsUpWhateverServerHoldsNoPayroll) {
+  ado::registerProvider({"odd", [](std::string_view connection) { return connection.starts_with("odd="); },
+                         [](const std::string& connection) {
+                           return std::make_unique<OddServer>(ado::openProvider(connection.substr(4)));
+                         }});
+  std::ofstream("shared.db").close();
+  openDatabase("shared.db;Create=True")->Execute("create table other (a int)");
+  const Outcome first = call({"init", "--connect", "odd=shared.db"});
+  EXPECT_EQ(first.code, 0) << first.err;
+  const Outcome second = call({"demo", "--connect", "odd=shared.db"});
+  EXPECT_NE(second.err.find("holds payroll tables already"), std::string::npos) << second.err;
 }
 
 TEST_F(CommandLine, HelpIsNoFailure) {

@@ -201,6 +201,14 @@ TEST_F(DemoTest, RefusesWhatTwoClerksMustNotDo) {
   EXPECT_EQ(insert("1", "1004", "null", "2026/06/01", "0"), "");
   EXPECT_EQ(insert("1", "1005", "null", "2026/07/01", "0"), "") << "no number is no use of one";
   EXPECT_NE(insert("1", "1001", "'X3'", "2026/08/01", "0"), "") << "a key in use";
+  const auto take = [](const char* company, const char* entry, const char* recovery) {
+    return errorOf(*connection, std::string("insert into pempfacilitydeductiondetail (efdcompanyid, efdid, "
+                                            "efddetailid, efdtrackingid) values (") +
+                                    company + ", " + entry + ", 1, " + recovery + ")");
+  };
+  EXPECT_EQ(take("1", "1001", "1"), "");
+  EXPECT_NE(take("1", "1002", "1"), "") << "a recovery that is taken";
+  EXPECT_EQ(take("2", "1001", "1"), "") << "another company's";
   connection->RollbackTrans();
 }
 
