@@ -32,7 +32,8 @@ class EntryGrid : public EntryList {
   void GridPopulate(const std::string& statement, const std::string& table);
   void RefreshBrowseRow(const std::string& condition, std::int32_t entryId) override;
 
-  /// The current row's entry; none while the list is empty. ado::Error where its identifier is no number.
+  /// The current row's entry; none while the list is empty. basic::ValueError for an identifier or a date
+  /// that is none.
   [[nodiscard]] std::optional<ListedEntry> current() const;
   [[nodiscard]] std::string currentNumber() const;
   [[nodiscard]] bool hasCurrent() const;

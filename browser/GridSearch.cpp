@@ -25,6 +25,13 @@ std::partial_ordering compare(const std::string& cut, const std::string& wanted,
   return upper(cut) <=> upper(wanted);
 }
 
+// Of numbers the binary search finds those alone whose beginnings stand in order.
+std::optional<int> firstRowInOrder(const ui::Grid& grid, int column, const std::string& wanted) {
+  for (int row = 1; row < grid.Rows(); ++row)
+    if (upper(cutTo(grid.TextMatrix(row, column), wanted)) == upper(wanted)) return row;
+  return {};
+}
+
 }  // namespace
 
 std::optional<int> firstRowStartingWith(const ui::Grid& grid, int column, const std::string& searchText) {
@@ -43,7 +50,7 @@ std::optional<int> firstRowStartingWith(const ui::Grid& grid, int column, const 
     if (order == 0) found = middle;  // An earlier row may match too.
     high = middle - 1;
   }
-  return found;
+  return found ? found : firstRowInOrder(grid, column, wanted);
 }
 
 }  // namespace payslate

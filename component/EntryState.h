@@ -26,7 +26,7 @@ struct EntryState {
 
   LoadedMonth loaded;  ///< The month as it was when it became whole.
 
-  std::int32_t lngEntryID = 0;  ///< emhID of the entry shown or saved; 0 while it has none.
+  std::int32_t lngEntryID = 0;  ///< emhID of the entry opened or saved last; 0 before.
   double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.
   double dblHolidays = 0;       ///< Holidays in the employee's attendance of the period.
   double dblPeriodDays = 0;     ///< Days of the period on which the employee is employed.

@@ -6,14 +6,13 @@
 #include <QDeadlineTimer>
 #include <QLocale>
 #include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScopeGuard>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
 #include "desktop/FormWindow.h"
+#include "desktop/MessageWindow.h"
 #include "desktop/Mouse.h"
 #include "desktop/Pictures.h"
 #include "desktop/Texts.h"
@@ -27,30 +26,6 @@ namespace {
 constexpr int settlingRounds = 3;  // What is posted by what is posted by an action is done with it.
 constexpr int longestWaitMs = 2000;
 constexpr int waitStepMs = 10;
-
-QMessageBox::Icon iconOf(ui::MessageStyle style) {
-  constexpr int iconMask = 0x70;
-  switch (static_cast<int>(style) & iconMask) {
-    case 0x10:
-      return QMessageBox::Critical;
-    case 0x20:
-      return QMessageBox::Question;
-    case 0x30:
-      return QMessageBox::Warning;
-    default:
-      return QMessageBox::Information;
-  }
-}
-
-QMessageBox::StandardButton buttonOf(ui::Answer answer) {
-  if (answer == ui::Answer::Yes) return QMessageBox::Yes;
-  return answer == ui::Answer::No ? QMessageBox::No : QMessageBox::Ok;
-}
-
-ui::Answer answerOf(const QMessageBox& box, const ui::Message& message) {
-  if (!message.asksYesNo()) return ui::Answer::Ok;
-  return box.result() == QMessageBox::Yes ? ui::Answer::Yes : ui::Answer::No;
-}
 
 QApplication* applicationIfNone() {
   if (QCoreApplication::instance() != nullptr) return nullptr;
@@ -126,8 +101,8 @@ bool QtDesktop::grab(const ui::Form& form, const std::string& file) const {
 
 void QtDesktop::waitForUser(FormWindow& window) {
   QTimer::singleShot(0, &window, [this, &window] { picture(window, window.objectName()); });
-  // Not an event loop of its own: when the host's application quits, what the user typed is not lost, and the
-  // host's loop ends after the form.
+  // Not an event loop of its own, nor below: when the host's application quits, what the user typed is not
+  // lost, and the host's loop ends after the form.
   while (window.form().isLoaded()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
@@ -159,35 +134,28 @@ void QtDesktop::showModal(ui::Form& form) {
 ui::Answer QtDesktop::showMessage(const ui::Message& message) {
   if (failure_) return message.asksYesNo() ? ui::Answer::No : ui::Answer::Ok;
   pictureInFront();
-  QMessageBox box(windows_.empty() ? QApplication::activeWindow() : windows_.back());
-  box.setAttribute(Qt::WA_QuitOnClose, false);
-  box.setObjectName(QStringLiteral("message"));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(toQt(message.text));
-  box.setWindowTitle(toQt(message.title));
-  box.setIcon(iconOf(message.style));
-  box.setStandardButtons(message.asksYesNo() ? QMessageBox::Yes | QMessageBox::No
-                                             : QMessageBox::StandardButtons(QMessageBox::Ok));
-  box.setDefaultButton(message.asksYesNo() ? QMessageBox::Yes : QMessageBox::Ok);
-  box.setWindowModality(Qt::ApplicationModal);
+  MessageWindow box(message, windows_.empty() ? QApplication::activeWindow() : windows_.back());
   box.show();
   if (clerk_ == nullptr) {
     QTimer::singleShot(0, &box, [this, &box] { picture(box, box.objectName()); });
-    box.exec();
+    while (box.isVisible()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   } else {
     waitUntilShown(box);
     picture(box, box.objectName());
-    askClerk([&] { pressButton(box, clerk_->answer(message)); });
+    askClerk([&] { answerByClerk(box, message); });
     box.hide();
   }
   if (pictures_ != nullptr) pictures_->forget(box);
-  return answerOf(box, message);
+  return box.answer();
 }
 
-void QtDesktop::pressButton(QMessageBox& box, ui::Answer answer) {
-  QAbstractButton* button = box.button(buttonOf(answer));
-  if (button != nullptr) clickAt(*button, button->rect().center());
-  settle();
+void QtDesktop::answerByClerk(MessageWindow& box, const ui::Message& message) {
+  ui::Answer answer = ui::Answer::Escape;
+  do {
+    answer = clerk_->answer(message);
+    box.press(answer);
+    settle();
+  } while (answer == ui::Answer::Escape && box.isVisible());
 }
 
 ui::MenuItem* QtDesktop::showMenu(ui::Form& form, const ui::PopupMenu& model) {
@@ -229,6 +197,10 @@ ui::MenuItem* QtDesktop::pickByClerk(QMenu& menu, ui::Form& form, const ui::Popu
   settle();
   menu.close();
   return picked;
+}
+
+void QtDesktop::beep() {
+  QApplication::beep();
 }
 
 std::string QtDesktop::shortDatePattern() const {

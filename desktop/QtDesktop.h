@@ -11,7 +11,6 @@
 
 class QApplication;
 class QMenu;
-class QMessageBox;
 class QString;
 class QWidget;
 
@@ -22,6 +21,7 @@ class Clerk;
 namespace payslate::desktop {
 
 class FormWindow;
+class MessageWindow;
 class Pictures;
 
 /// Works inside a host's QApplication when there is one, which must then outlive it; otherwise it makes its
@@ -41,6 +41,7 @@ class QtDesktop : public ui::Desktop {
   void showModal(ui::Form& form) override;
   ui::Answer showMessage(const ui::Message& message) override;
   ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& model) override;
+  void beep() override;
   [[nodiscard]] std::string shortDatePattern() const override;
   [[nodiscard]] std::string applicationFolder() const override;
 
@@ -66,7 +67,7 @@ class QtDesktop : public ui::Desktop {
   void waitUntilShown(const QWidget& window);
   void picture(QWidget& window, const QString& name);
   void pictureInFront();
-  void pressButton(QMessageBox& box, ui::Answer answer);
+  void answerByClerk(MessageWindow& box, const ui::Message& message);
   ui::MenuItem* pickByClerk(QMenu& menu, ui::Form& form, const ui::PopupMenu& model);
 
   std::unique_ptr<QApplication> ownApplication_;

@@ -10,7 +10,6 @@
 #include "platform/basic/Numbers.h"
 #include "platform/common/CommonDB.h"
 #include "platform/ui/Buttons.h"
-#include "platform/ui/ComboBox.h"
 #include "platform/ui/DatePicker.h"
 #include "platform/ui/TextBox.h"
 
@@ -73,8 +72,8 @@ std::string coverageStatement(const Session& session, std::int32_t employeeId, b
          " and eaEmpID=" + std::to_string(employeeId);
 }
 
-/// `start` in the year that brings it nearest to `entryDate`: the pay months are those of one year, and a
-/// stored entry may be of another.
+/// `start` in the year that brings it nearest to `entryDate`: the pay months are those of one year, and an
+/// entry may be of another. One rule for new entries and stored ones, or opening one would move it.
 basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
   const auto distance = [&](int years) {
     return std::abs(basic::daysBetween(start.plusYears(years), entryDate));
@@ -87,6 +86,7 @@ basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
 }  // namespace
 
 void Attendance::computePeriod(common::CommonDB& database) {
+  bas_.dtPeriodStart = bas_.dtPeriodEnd = basic::Date();  // Should it fail, no other month's period stays.
   const basic::Date entryDate = controls_.dtpattdate.Value();
   database.strTableName("vwPaymonthvsdate");
   const std::string month = std::to_string(entryDate.month());
@@ -97,13 +97,13 @@ void Attendance::computePeriod(common::CommonDB& database) {
     bas_.message("Pay month " + month +
                  " of this company has no start date. Pick another date, or have the pay "
                  "months (vwPaymonthvsdate) completed.");
-  bas_.dtPeriodStart = dateOf(start);
-  if (bas_.dtPeriodStart.year() > bas_.ProcessDate.year())
-    bas_.dtPeriodStart = bas_.dtPeriodStart.plusYears(entryDate.year() - bas_.dtPeriodStart.year());
-  if (!basic::isNull(start) && !bas_.isNewEntry())
-    bas_.dtPeriodStart = nearestYear(bas_.dtPeriodStart, entryDate);
+  bas_.dtPeriodStart = basic::isNull(start) ? basic::Date() : nearestYear(dateOf(start), entryDate);
   bas_.dtPeriodEnd = bas_.dtPeriodStart.plusMonths(1).plusDays(-1);
   controls_.txtTotalDays.Text = std::to_string(basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1);
+}
+
+bool Attendance::hasPeriod() const {
+  return bas_.dtPeriodStart != basic::Date();
 }
 
 // The date of join is needed with a company-wide calendar too.
@@ -183,8 +183,6 @@ bool Attendance::fnLoadAttendance(std::int32_t employeeId) {
   const double days = covered(employeeId, first, anySheet);
   if (!anySheet) {
     refuse(noSheets);
-    controls_.cboEmpname.setListIndex(-1);
-    state_.whyNotWhole = noSheets;  // And not that nobody is selected.
     return false;
   }
   if (days != state_.dblPeriodDays) {

@@ -16,14 +16,12 @@ namespace common {
 class CommonDB;
 }
 namespace ui {
-class ComboBox;
 class CommandButton;
 class DatePicker;
 class TextBox;
 }  // namespace ui
 
 struct AttendanceControls {
-  ui::ComboBox& cboEmpname;
   const ui::DatePicker& dtpattdate;
   ui::TextBox& txtTotalDays;
   ui::TextBox& txtworkingdays;
@@ -40,6 +38,8 @@ class Attendance {
 
   /// Works out the pay period of the date in the picker, and its days.
   void computePeriod(common::CommonDB& database);
+  /// Is there one? Without a start of the pay month nothing can be stored.
+  [[nodiscard]] bool hasPeriod() const;
 
   /// Department and date of join of an employee.
   void GetDeptID(std::int32_t employeeId);
@@ -49,7 +49,7 @@ class Attendance {
   bool FnCheckCalendarSettingsNotEntered();
 
   /// Checks that the employee's sheets cover every employed day and counts the days. False after the message
-  /// that says what is missing; counts are then as they were, and without any sheet nobody is selected.
+  /// that says what is missing; counts are then as they were.
   bool fnLoadAttendance(std::int32_t employeeId);
 
   /// The day counts of a stored entry: whole days alone, half days that count when a month is entered do not.

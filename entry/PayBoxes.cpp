@@ -19,6 +19,19 @@ constexpr int decimals = 2;
 constexpr double basicPayTolerance = 1;
 }  // namespace
 
+void PayBoxes::keepLoaded() {
+  loadedBasicPay_ = controls_.txtBasicPay.Text();
+  loadedPresent_ = presentSeen_ = controls_.txtNoPresent.Text();
+  loadedAbsent_ = controls_.txtNoAbsent.Text();
+}
+
+bool PayBoxes::accept() const {
+  bool refused = false;
+  txtBasicPay_Validate(refused);
+  if (!refused) txtNoPresent_Validate(refused);
+  return !refused;
+}
+
 void PayBoxes::txtBasicPay_KeyPress(common::CommonGen& general, int& keyAscii) const {
   bas_.EnterToTab(keyAscii);
   general.TextValidateNum(controls_.txtBasicPay, keyAscii, integerDigits, decimals);
@@ -26,11 +39,11 @@ void PayBoxes::txtBasicPay_KeyPress(common::CommonGen& general, int& keyAscii) c
 
 void PayBoxes::txtBasicPay_Validate(bool& cancel) const {
   ui::TextBox& box = controls_.txtBasicPay;
-  const double loaded = Val(box.Tag());
+  const double loaded = Val(loadedBasicPay_);
   const double entered = Val(box.Text());
   if (loaded - basicPayTolerance < entered && entered <= loaded + basicPayTolerance) return;
   bas_.message("Check Basic pay ");
-  box.Text = box.Tag();
+  box.Text = loadedBasicPay_;
   box.SetFocus();
   cancel = true;
 }
@@ -53,11 +66,17 @@ double PayBoxes::largestPresent() const {
   return Val(controls_.txtworkingdays.Text()) - Val(controls_.txtNoLeave.Text());
 }
 
-void PayBoxes::txtNoPresent_KeyUp() const {
-  controls_.txtNoAbsent.Text = numberText(largestPresent() - Val(controls_.txtNoPresent.Text()));
+void PayBoxes::txtNoPresent_KeyUp() {
+  if (controls_.txtNoPresent.Text() == presentSeen_) return;
+  presentSeen_ = controls_.txtNoPresent.Text();
+  // Typed back to what was loaded, the days are those of the sheets again: the reckoning takes leave off
+  // twice.
+  controls_.txtNoAbsent.Text =
+      presentSeen_ == loadedPresent_ ? loadedAbsent_ : numberText(largestPresent() - Val(presentSeen_));
 }
 
 void PayBoxes::txtNoPresent_Validate(bool& cancel) const {
+  if (controls_.txtNoPresent.Text() == loadedPresent_) return;
   if (largestPresent() - Val(controls_.txtNoPresent.Text()) >= 0) return;
   cancel = true;
   bas_.message("Present no of days can not be greater than " + numberText(largestPresent()));

@@ -1,6 +1,8 @@
 // Key filters and checks of the basic-pay and day-count boxes.
 #pragma once
 
+#include <string>
+
 namespace payslate {
 
 class BasPaySlate;
@@ -24,14 +26,20 @@ class PayBoxes {
  public:
   PayBoxes(const BasPaySlate& bas, const PayBoxControls& controls) : bas_(bas), controls_(controls) {}
 
+  /// What the boxes hold now is the month as loaded; to be said after every load.
+  void keepLoaded();
+  /// Runs the checks that leaving the boxes runs. False when one of them refused, and said so.
+  [[nodiscard]] bool accept() const;
+
   void txtBasicPay_KeyPress(common::CommonGen& general, int& keyAscii) const;
-  /// The basic pay can be corrected within one unit of the amount loaded, which the box's Tag holds.
+  /// The basic pay can be corrected within one unit of the amount loaded.
   void txtBasicPay_Validate(bool& cancel) const;
 
   void txtNoPresent_KeyPress(common::CommonGen& general, int& keyAscii) const;
   void dayCount_KeyPress(common::CommonGen& general, const ui::TextBox& box, int& keyAscii) const;
-  /// Absent days follow the present days as they are typed.
-  void txtNoPresent_KeyUp() const;
+  /// Absent days follow the present days as they are typed, and no other key.
+  void txtNoPresent_KeyUp();
+  /// Days that nobody touched can be left as they are.
   void txtNoPresent_Validate(bool& cancel) const;
 
  private:
@@ -39,6 +47,10 @@ class PayBoxes {
 
   const BasPaySlate& bas_;
   PayBoxControls controls_;
+  std::string loadedBasicPay_;
+  std::string loadedPresent_;
+  std::string loadedAbsent_;
+  std::string presentSeen_;  ///< As absent days were reckoned from last.
 };
 
 }  // namespace payslate

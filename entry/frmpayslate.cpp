@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "paycomponents/ListColumns.h"
 #include "platform/ado/Error.h"
-#include "platform/basic/Numbers.h"
 
 namespace payslate {
 
@@ -39,8 +39,7 @@ frmpayslate::frmpayslate(BasPaySlate& bas, EntryList* list)
       formulas_(bas, state_, {txtNoPresent, txtNoAbsent, txtNoLeave}),
       totals_({lblcursymbol, txtBasicPay, lvwAllow, lvwDeduct, lvwCurrency}),
       attendance_(bas, state_,
-                  {cboEmpname, dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave,
-                   txtNoAbsent, cmdOk}),
+                  {dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent, cmdOk}),
       hourlyItems_(bas, helpers_, formulas_, {lvwAllow, lvwDeduct}),
       payLoader_(bas, state_, helpers_, formulas_, hourlyItems_,
                  {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
@@ -50,7 +49,10 @@ frmpayslate::frmpayslate(BasPaySlate& bas, EntryList* list)
       deductions_(bas, state_, lvwDeduct, helpers_, formulas_, totals_),
       facilities_(bas, {lvwfacility, lvwDeduct}, helpers_, [this] { DisplayCurrency(); }),
       listMenu_(state_, cmdOk),
-      boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}) {
+      boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}),
+      workingCopy_({txtAtteNo, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent, lblBasicPay,
+                    txtBasicPay, lblcursymbol, chkHold, Chkpaid, lvwLeaves, lvwCurrency},
+                   allowances_, deductions_, facilities_) {
   KeyPreview = true;
   arrange();
   wireEvents();
@@ -61,13 +63,7 @@ void frmpayslate::wireEvents() {
   KeyDown = [this](int& keyCode, int) { Form_KeyDown(keyCode); };
   QueryUnload = [this](bool& cancel, ui::UnloadMode) { Form_QueryUnload(cancel); };
 
-  dtpattdate.Change = [this] {
-    bas_.ProcessDate = dtpattdate.Value();
-    // A stored month that was met by choosing an employee is not the list's entry: the other date starts
-    // afresh.
-    if (!opened_) bas_.strMode = EntryMode::New;
-    Form_Load();
-  };
+  dtpattdate.Change = [this] { dtpattdate_Change(); };
   cboEmpname.SelectionMoved = [this] { cboEmpname_SelectionMoved(); };
   cboEmpname.Click = [this] { cboEmpname_Click(); };
   cboEmpname.Change = [this] { cboEmpname_Click(); };
@@ -88,12 +84,14 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Facilities, facilities_);
   cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct, state_.loaded); };
 
+  txtBasicPay.numeric = true;
   txtBasicPay.Change = [this] { DisplayCurrency(); };
   txtBasicPay.KeyPress = [this](int& keyAscii) {
     boxes_.txtBasicPay_KeyPress(*helpers_.objCommonGen, keyAscii);
   };
   txtBasicPay.Validate = [this](bool& cancel) { boxes_.txtBasicPay_Validate(cancel); };
   for (ui::TextBox* box : {&txtNoPresent, &txtNoLeave, &txtNoAbsent}) {
+    box->numeric = true;
     box->GotFocus = [box] { box->SelectAll(); };
     box->KeyPress = [this, box](int& keyAscii) {
       boxes_.dayCount_KeyPress(*helpers_.objCommonGen, *box, keyAscii);
@@ -109,12 +107,26 @@ void frmpayslate::wireEvents() {
   cmdCancel.Click = [this] { Unload(); };
 }
 
+void frmpayslate::dtpattdate_Change() {
+  const bool keepsMonth = opened_ && heldIndex_ && !bas_.isNewEntry();
+  if (!keepsMonth && !mayLeaveMonth()) {
+    dtpattdate.Value = ownDate_;
+    return;
+  }
+  bas_.ProcessDate = dtpattdate.Value();
+  // A stored month that was met by choosing an employee is not the list's entry: the other date starts
+  // afresh.
+  if (!keepsMonth) bas_.strMode = EntryMode::New;
+  Form_Load();
+}
+
 void frmpayslate::Form_Load() {
   helpers_.create(bas_);
   desktop().HelpFile = bas_.helpFile();
   bas_.strComboTable = bas_.TableLinks["pemployee"];
   const bool reloaded = !Tag().empty();
   fillEmployees();
+  ownDate_ = dtpattdate.Value();
   attendance_.computePeriod(*helpers_.objCommonDB);
   Caption = "Monthly Entry-For period From - " + bas_.shortDate(bas_.dtPeriodStart) + " To " +
             bas_.shortDate(bas_.dtPeriodEnd);
@@ -127,6 +139,8 @@ void frmpayslate::Form_Load() {
 
 void frmpayslate::fillEmployees() {
   if (bas_.isNewEntry()) {
+    opened_.reset();
+    giveMonthUp();
     bas_.FillCombo(cboEmpname, "eEmpId", "ename", employeesWithoutEntry(bas_));
     cboEmpname.Enabled = true;
     dtpattdate.Value = bas_.ProcessDate;
@@ -169,6 +183,7 @@ void frmpayslate::Form_KeyDown(int& keyCode) {
 
 void frmpayslate::selectEmployee(int index, bool moveFocus) {
   cboEmpname.setListIndex(index);
+  if (cboEmpname.ListIndex() != index) return;  // The clerk stays with what he changed.
   txtNoPresent.SelectAll();
   if (moveFocus) txtNoPresent.SetFocus();
   BasPaySlate::StoreControlValues(*this);
@@ -193,8 +208,13 @@ void frmpayslate::cmdLast_Click() {
 
 // The save unloads the form itself, which is refused here, since the form is being unloaded already.
 void frmpayslate::Form_QueryUnload(bool& cancel) {
-  if (!cmdOk.Enabled() || !BasPaySlate::fnControlsChanged(*this)) return;
+  const bool changed = heldIndex_ && workingCopy_.isChanged();
+  if (!cmdOk.Enabled() || (!changed && !BasPaySlate::fnControlsChanged(*this))) return;
   if (bas_.message("Save Changes?", ui::MessageStyle::AskInformation) != ui::Answer::Yes) return;
+  if (!boxes_.accept()) {  // Closing leaves no box, so nothing has looked at them yet.
+    cancel = true;
+    return;
+  }
   cmdOk_Click();
   // A save disables OK when all of it is stored. Otherwise, whether validation or the database refused it,
   // the form stays, so that nothing the clerk typed is lost.

@@ -15,6 +15,7 @@
 #include "entry/PayBoxes.h"
 #include "entry/PayLoader.h"
 #include "entry/StoredMonth.h"
+#include "entry/WorkingCopy.h"
 #include "facilities/FacilityPage.h"
 #include "paycomponents/AllowancePage.h"
 #include "paycomponents/CurrencyTotals.h"
@@ -107,6 +108,7 @@ class frmpayslate : public ui::Form {
   void wireEvents();
 
   void Form_Load();
+  void dtpattdate_Change();
   void Form_KeyDown(int& keyCode);
   void Form_QueryUnload(bool& cancel);
 
@@ -123,6 +125,10 @@ class frmpayslate : public ui::Form {
   void meetStoredMonth(const EntryRecord& entry);
   void enableNavigation();
   void holdWhole();
+  void giveMonthUp();
+  /// Asks before what the clerk changed is lost.
+  [[nodiscard]] bool mayLeaveMonth() const;
+  void takeSelectionBack();
   /// What OK says of a month that it does not store.
   [[nodiscard]] static const char* noSaveReason(HeldMonth month);
 
@@ -153,6 +159,9 @@ class frmpayslate : public ui::Form {
   bool blnSaveValid_ = false;
   std::optional<ListedEntry> opened_;  ///< The stored entry that the form was opened with.
   bool opening_ = false;               ///< It is being shown.
+  bool takingBack_ = false;            ///< The combo is put back to the employee whose month is held.
+  std::optional<int> heldIndex_;       ///< Whose month the form holds whole: position in the combo.
+  basic::Date ownDate_;  ///< The form's date, also while a stored month that was met shows its own.
 
   Formulas formulas_;
   CurrencyTotals totals_;
@@ -165,6 +174,7 @@ class frmpayslate : public ui::Form {
   FacilityPage facilities_;
   ListMenu listMenu_;
   PayBoxes boxes_;
+  WorkingCopy workingCopy_;
 };
 
 }  // namespace payslate

@@ -12,6 +12,7 @@ void frmpayslate::openStored(const ListedEntry& listed) {
   opening_ = true;
   showStored(header);
   opening_ = false;
+  ownDate_ = dtpattdate.Value();
 }
 
 void frmpayslate::refuseChanges(const std::string& reason) {
@@ -31,12 +32,9 @@ void frmpayslate::showStored(const EntryRecord& header) {
   } else if (isProcessedEntry(bas_, header.id)) {
     refuseChanges("Payroll processed. Cannot edit.");
   }
-  EntryReader reader(bas_, *helpers_.objCommonDB);
   EntryRecord entry = header;
-  reader.readDeductions(entry);
-  reader.readAllowances(entry);
-  reader.fnLoadEntryFacilities(entry);
-  reader.fnLoadEntryCarryForward(entry);
+  EntryReader reader(bas_, *helpers_.objCommonDB);
+  reader.readRows(entry);
   storedMonth_.showPay(entry);
   facilities_.showTaken(entry.facilities);
   DisplayCurrency();

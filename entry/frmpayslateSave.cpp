@@ -36,10 +36,20 @@ bool frmpayslate::fnValidateEntry() {
     bas_.refuse(noSaveReason(state_.month), cboEmpname);
     return false;
   }
-  DisplayCurrency();  // A row that was deleted has left the statement as it was.
+  DisplayCurrency();
   for (int row = 0; row < lvwCurrency.rowCount(); ++row) {
     if (basic::Val(lvwCurrency.cellText(row, CurrencyColumn::Amount)) >= 0) continue;
     bas_.message("Can not have Negative pay");
+    tabpayslate.Tab = EntryPage::Currencies;
+    lvwCurrency.select(row);
+    return false;
+  }
+  if (!attendance_.hasPeriod()) {
+    bas_.refuse(
+        "Pay month " + std::to_string(dtpattdate.Value().month()) +
+            " of this company has no start date, and an entry without a pay period is not stored. Have "
+            "the pay months (vwPaymonthvsdate) completed.",
+        dtpattdate);
     return false;
   }
   blnSaveValid_ = true;
@@ -108,6 +118,7 @@ void frmpayslate::cmdOk_Click() {
     if (!fnValidateEntry() || !reviewEntry()) return;
     save();
     stored = true;
+    workingCopy_.keepLoaded();
     if (list_ != nullptr) list_->RefreshBrowseRow(entryCondition(state_.lngEntryID), state_.lngEntryID);
     cmdOk.Enabled = false;
     Unload();

@@ -11,6 +11,7 @@ using basic::Val;
 namespace {
 
 constexpr const char* basicPayPattern = "########0.00";
+
 }  // namespace
 
 bool frmpayslate::prepareNewMonth(std::int32_t employeeId) {
@@ -31,18 +32,51 @@ void frmpayslate::cboEmpname_SelectionMoved() {
 }
 
 void frmpayslate::cboEmpname_Click() {
-  if (!state_.employeeId) return;
-  // Until the month is there whole, the lists are the previous employee's or only half filled.
-  state_.month = HeldMonth::Nothing;
+  if (!state_.employeeId || takingBack_) return;
+  if (!opening_) {
+    // Typed away and back: the month was never left.
+    if (heldIndex_ == cboEmpname.ListIndex() && state_.month != HeldMonth::Whole) return takeSelectionBack();
+    if (!mayLeaveMonth()) return takeSelectionBack();
+    giveMonthUp();
+  }
   try {
     chooseMonth(*state_.employeeId);
   } catch (const std::exception& error) {
+    giveMonthUp();
     state_.whyNotWhole = error.what();
+    enableNavigation();
     throw;
   }
+  if (state_.month == HeldMonth::Nothing) enableNavigation();
+}
+
+bool frmpayslate::mayLeaveMonth() const {
+  return !heldIndex_ || !workingCopy_.isChanged() ||
+         bas_.message("What was changed for this employee is not stored. Go on without it?",
+                      ui::MessageStyle::AskQuestionNo) == ui::Answer::Yes;
+}
+
+void frmpayslate::takeSelectionBack() {
+  takingBack_ = true;
+  cboEmpname.setListIndex(*heldIndex_);
+  takingBack_ = false;
+  state_.month = HeldMonth::Whole;
+  state_.whyNotWhole.clear();
+}
+
+// From here until a month is there whole, nothing of another one is shown.
+void frmpayslate::giveMonthUp() {
+  state_.month = HeldMonth::Nothing;
+  heldIndex_.reset();
+  state_.dblBasic = 0;
+  state_.dblHolidays = 0;
+  workingCopy_.clear();
+  boxes_.keepLoaded();
 }
 
 void frmpayslate::chooseMonth(std::int32_t employeeId) {
+  // Behind somebody whose month is stored the date is the clerk's again, and no longer that entry's.
+  if (!opening_) dtpattdate.Value = ownDate_;
   std::optional<EntryRecord> stored;
   if (bas_.isNewEntry()) {
     // The month of the form's date, which is the one that a save would store.
@@ -50,19 +84,16 @@ void frmpayslate::chooseMonth(std::int32_t employeeId) {
     stored = liveInMonth(bas_, employeeId, dtpattdate.Value());
   } else {
     lblcursymbol.Caption = CurrencySymbols(bas_, *helpers_.objCommonDB).ofStoredBasicPay(employeeId);
-    stored = anyInMonth(bas_, employeeId, dtpattdate.Value());
+    stored = liveAmongAllInMonth(bas_, employeeId, dtpattdate.Value());
   }
   if (stored) return meetStoredMonth(*stored);
   if (opening_) return;  // It was removed this moment, which its save will say.
-  // Behind somebody whose month is stored the date is the clerk's again, and no longer that entry's.
-  if (!opened_) dtpattdate.Value = bas_.ProcessDate;
   // From an opened entry the clerk has come to somebody without one, whose month is checked like any other.
   if (bas_.isNewEntry() || prepareNewMonth(employeeId)) loadNewMonth(employeeId);
 }
 
 void frmpayslate::loadNewMonth(std::int32_t employeeId) {
   bas_.strMode = EntryMode::New;
-  for (ui::TextBox* box : {&txtAtteNo, &txtNoAbsent, &txtNoLeave, &txtNoPresent}) box->Text = "";
   if (!attendance_.fnLoadAttendance(employeeId)) return;
   payLoader_.fnLoadEmployeePay(employeeId);
   payLoader_.fnLoadCarryForward(employeeId, dtpattdate.Value());
@@ -100,6 +131,9 @@ const char* frmpayslate::noSaveReason(HeldMonth month) {
 void frmpayslate::holdWhole() {
   state_.month = HeldMonth::Whole;
   state_.whyNotWhole.clear();
+  heldIndex_ = cboEmpname.ListIndex();
+  workingCopy_.keepLoaded();
+  boxes_.keepLoaded();
   state_.loaded = {};
   state_.loaded.entry = record();
 }

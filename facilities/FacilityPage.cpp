@@ -118,9 +118,11 @@ void FacilityPage::edit() {
 }
 
 void FacilityPage::remove() {
-  if (deleteSelectedRow(bas_, *helpers_.objCommonDB, list(),
-                        list().cellText(list().SelectedItem(), FacilityColumn::FacilityName)))
-    blnfailitychange = true;
+  if (!deleteSelectedRow(bas_, *helpers_.objCommonDB, list(),
+                         list().cellText(list().SelectedItem(), FacilityColumn::FacilityName)))
+    return;
+  blnfailitychange = true;
+  DisplayCurrency();
 }
 
 }  // namespace payslate

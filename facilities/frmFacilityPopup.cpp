@@ -60,8 +60,8 @@ void frmFacilityPopup::cmdOk_Click() {
   list.setCell(row, FacilityColumn::FacilityName, txtfacilityname.Text());
   list.setCell(row, FacilityColumn::SettlementAmount, listAmount(txtAmount));
   page_.settleRow(row);
-  navigation_.buttons().enableAll(true);
-  navigation_.next();
+  if (row + 1 < list.rowCount()) return navigation_.next();
+  navigation_.enableHere();  // Behind the last row there is none, and this one's amount stays in the box.
 }
 
 void frmFacilityPopup::cmdClose_Click() {

@@ -13,8 +13,8 @@
 namespace payslate::host {
 
 struct DemoWish {
-  std::string
-      connect;  ///< A server's empty database to be filled, and no more; empty: the file below is opened.
+  /// A server's empty database to be filled, and no more; empty: the file below is opened.
+  std::string connect;
   std::string database = "payroll-demo.db";
   std::string screens;  ///< Folder for pictures of the windows; empty: the usual one, when nobody watches.
 };

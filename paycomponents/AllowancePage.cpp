@@ -42,6 +42,7 @@ void AllowancePage::remove() {
     return;
   lvwAllow_.select(lvwAllow_.rowCount() - 1);
   blnAllowChange = true;
+  DisplayCurrency();
 }
 
 void AllowancePage::DisplayCurrency() {

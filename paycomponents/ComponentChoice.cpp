@@ -29,6 +29,18 @@ void ComponentChoice::chosen() {
   }
 }
 
+bool ComponentChoice::showsRetired() const {
+  return row_ && controls_.combo.ListIndex() < 0 && controls_.combo.Text() == row_->description;
+}
+
+void ComponentChoice::typed() {
+  if (!showsRetired()) return;
+  keepRowAmount();
+  controls_.lblsymbol.Caption = row_->symbol;
+  controls_.lblformula.Caption = "";
+  controls_.txtAmount.Enabled = true;
+}
+
 void ComponentChoice::complete() {
   if (incomplete_) chosen();
 }

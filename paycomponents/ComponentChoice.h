@@ -43,12 +43,17 @@ class ComponentChoice {
   /// The combo's Click. Where formula or currency cannot be had, what the last choice showed goes, and the
   /// error is passed on.
   void chosen();
+  /// The combo's Change: a row's own description, typed back, brings back what belongs to the row.
+  void typed();
   /// Fills in what `chosen` could not, or fails like it. For OK: nothing without its amount gets into a list.
   void complete();
   /// Shows a row that is in the list. Its amount stays while its component does; a component with a formula
   /// that is chosen in its place brings its own, and the row's component its amount again if it has a
   /// formula.
   void showRow(const Row& row);
+
+  /// Is the row's own component shown, one that cannot be chosen any more? Its amount can still be corrected.
+  [[nodiscard]] bool showsRetired() const;
 
   /// A component must be chosen.
   [[nodiscard]] std::int32_t componentId() const;

@@ -52,6 +52,7 @@ void DeductionPage::remove() {
     return;
   lvwDeduct_.select(lvwDeduct_.rowCount() - 1);
   blnDeductChange = true;
+  DisplayCurrency();
 }
 
 void DeductionPage::DisplayCurrency() {

@@ -2,9 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-
-#include "platform/basic/Value.h"
 
 namespace payslate {
 

@@ -22,6 +22,7 @@ frmAllowPopup::frmAllowPopup(BasPaySlate& bas, AllowancePage& page)
   Load = [this] { Form_Load(); };
   Activate = [this] { Form_Activate(); };
   cboAllow.Click = [this] { choice_.chosen(); };
+  cboAllow.Change = [this] { choice_.typed(); };
   cboAllow.KeyPress = [this](int& keyAscii) { bas_.EnterToTab(keyAscii); };
   makeAmountBox(txtAmount, bas_, helpers_);
   cmdOk.Click = [this] { cmdOk_Click(); };
@@ -119,7 +120,7 @@ void frmAllowPopup::rowEdited() {
 }
 
 bool frmAllowPopup::storeAllowance() {
-  if (!cboAllow.Enabled()) {  // A standing allowance, whose type may have become inactive.
+  if (!cboAllow.Enabled() || choice_.showsRetired()) {  // Of a type that stays, or that is gone.
     rewriteAmount();
     return true;
   }
@@ -149,7 +150,8 @@ bool frmAllowPopup::payBalanceOut() {
 void frmAllowPopup::cmdOk_Click() {
   const bool balance = strSalCarryFwd == AllowKind::CarriedForward;
   const bool chosen = cboAllow.ListIndex() >= 0;
-  if (!balance && !chosen && cboAllow.Enabled()) return bas_.refuse("select the allowance type", cboAllow);
+  if (!balance && !chosen && cboAllow.Enabled() && !choice_.showsRetired())
+    return bas_.refuse("select the allowance type", cboAllow);
   if (chosen) choice_.complete();
   if (!bas_.fnCheckBlank(txtAmount, "Enter amount", bas_.MsgboxTitle)) return;
   if (!(balance ? payBalanceOut() : storeAllowance())) return;

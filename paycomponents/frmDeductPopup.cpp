@@ -36,6 +36,7 @@ frmDeductPopup::frmDeductPopup(BasPaySlate& bas, DeductionPage& page)
   optDeduction.Click = [this] { optDeduction_Click(); };
   optSalCarryFwd.Click = [this] { optSalCarryFwd_Click(); };
   cboDeduct.Click = [this] { choice_.chosen(); };
+  cboDeduct.Change = [this] { choice_.typed(); };
   cboDeduct.KeyPress = [this](int& keyAscii) { bas_.EnterToTab(keyAscii); };
   makeAmountBox(txtAmount, bas_, helpers_);
   cmdOk.Click = [this] { cmdOk_Click(); };
@@ -172,6 +173,7 @@ bool frmDeductPopup::storeFixed() {
 }
 
 bool frmDeductPopup::storeChosen() {
+  if (!adding() && choice_.showsRetired()) return storeFixed();
   if (cboDeduct.ListIndex() < 0) {
     bas_.refuse("select the deduction type", cboDeduct);
     return false;

@@ -161,8 +161,13 @@ std::optional<EntryRecord> liveInMonth(Session& session, std::int32_t employeeId
                      monthStatement(session, " and emhempID  = ", employeeId, " and emhCancelled=0", date));
 }
 
-std::optional<EntryRecord> anyInMonth(Session& session, std::int32_t employeeId, basic::Date date) {
-  return firstHeader(session, monthStatement(session, " and emhempID = ", employeeId, "", date));
+std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t employeeId, basic::Date date) {
+  ado::Recordset rows;
+  rows.Open(monthStatement(session, " and emhempID = ", employeeId, "", date), *session.adocon(),
+            CursorType::Keyset, LockType::Optimistic);
+  for (; !rows.Eof(); rows.MoveNext())
+    if (EntryRecord entry = headerOf(rows); !entry.cancelled) return entry;
+  return {};
 }
 
 bool isProcessedEntry(Session& session, std::int32_t entryId) {
@@ -257,12 +262,16 @@ int EntryReader::hiddenRows(const EntryRecord& entry) {
          std::max(0, count("recoveries") - size(entry.facilities));
 }
 
-EntryRecord EntryReader::whole(std::int32_t entryId) {
-  EntryRecord entry = readHeader(session_, entryId);
+void EntryReader::readRows(EntryRecord& entry) {
   readDeductions(entry);
   readAllowances(entry);
   fnLoadEntryFacilities(entry);
   fnLoadEntryCarryForward(entry);
+}
+
+EntryRecord EntryReader::whole(std::int32_t entryId) {
+  EntryRecord entry = readHeader(session_, entryId);
+  readRows(entry);
   return entry;
 }
 

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "component/EntryRecord.h"
@@ -23,10 +22,10 @@ class CommonDB;
 /// The header alone. ado::Error when the entry is not there any more.
 EntryRecord readHeader(Session& session, std::int32_t entryId);
 
-/// Header of the employee's live entry in the month of the date; of any entry, where the way began at an
-/// opened one.
+/// Header of the employee's live entry in the month of the date, if there is one. Where the way began at an
+/// opened entry, the second asks: its statement reads cancelled entries too.
 std::optional<EntryRecord> liveInMonth(Session& session, std::int32_t employeeId, basic::Date date);
-std::optional<EntryRecord> anyInMonth(Session& session, std::int32_t employeeId, basic::Date date);
+std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t employeeId, basic::Date date);
 
 /// Has the payroll run taken the entry?
 bool isProcessedEntry(Session& session, std::int32_t entryId);
@@ -43,8 +42,10 @@ class EntryReader {
   void readAllowances(EntryRecord& entry);
   void fnLoadEntryFacilities(EntryRecord& entry);
   void fnLoadEntryCarryForward(EntryRecord& entry);
-  /// How many rows the stored entry has beyond those that the four have read, because a join of theirs found
-  /// nothing to show them with.
+  /// All of them.
+  void readRows(EntryRecord& entry);
+  /// How many rows the stored entry has beyond those that were read, because a join found nothing to show
+  /// them with.
   [[nodiscard]] int hiddenRows(const EntryRecord& entry);
   /// Header and rows.
   [[nodiscard]] EntryRecord whole(std::int32_t entryId);

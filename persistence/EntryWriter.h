@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "component/EntryRecord.h"
 #include "platform/basic/Value.h"

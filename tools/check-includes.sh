@@ -1,54 +1,68 @@
 #!/usr/bin/env bash
-# Proves who includes whom. Each line of the table is a folder (or file) and what its files may include besides
-# themselves and the standard library; the first line that matches a file holds.
+# Proves who includes and who links whom. A line of the table is a folder and what it may use besides itself and the
+# standard library: other folders, and headers by the beginning of their names. Nothing else holds: no file is exempt.
+# Usage: check-includes.sh [BUILD-FOLDER]    without one, the includes alone
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-platform="platform/basic/ platform/ado/ platform/ui/ platform/common/"
+platform="platform/basic platform/ado platform/ui platform/common"
+databases="platform/basic platform/ado platform/providers"
 table="
-platform/basic/      :
-platform/ado/        : platform/basic/
-platform/tsql/       : platform/basic/
-platform/sqlite/     : platform/basic/ platform/ado/ platform/tsql/ <sqlite3.h>
-platform/odbc/       : platform/basic/ platform/ado/ <sql.h> <sqlext.h>
-platform/providers/  : platform/ado/ platform/sqlite/ platform/odbc/
-platform/ui/         : platform/basic/
-platform/scripted/   : platform/basic/ platform/ui/
-platform/common/     : platform/basic/ platform/ado/ platform/ui/
-schema/              : platform/basic/ platform/ado/
-component/           : $platform
-persistence/         : component/ platform/basic/ platform/ado/ platform/common/
-review/              : component/ platform/basic/ platform/ado/ platform/common/
-facilities/          : component/ $platform
-paycomponents/       : component/ $platform
-entry/               : component/ facilities/ paycomponents/ persistence/ review/ $platform
-browser/             : component/ persistence/ review/ entry/ $platform
-payslate/            : component/ browser/ $platform
-desktop/             : platform/basic/ platform/ui/ <Q
-host/                : payslate/ schema/ desktop/ platform/ <Q <CLI/
+platform/basic     :
+platform/ado       : platform/basic
+platform/tsql      : platform/basic
+platform/sqlite    : platform/basic platform/ado platform/tsql <sqlite3.h>
+platform/odbc      : platform/basic platform/ado <sql.h> <sqlext.h>
+platform/providers : platform/ado platform/sqlite platform/odbc
+platform/ui        : platform/basic
+platform/scripted  : platform/basic platform/ui
+platform/common    : platform/basic platform/ado platform/ui
+schema             : platform/basic platform/ado
+component          : $platform
+persistence        : component platform/basic platform/ado platform/common
+review             : component platform/basic
+facilities         : component $platform
+paycomponents      : component $platform
+entry              : component facilities paycomponents persistence review $platform
+browser            : component persistence review entry $platform
+payslate           : component browser $platform platform/providers
+desktop            : platform/basic platform/ui <Q
+host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/
+host/example       : payslate desktop $platform
+tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
+tools/tsqlserver   : $databases <CLI/ <arpa/ <netinet/ <poll.h> <sys/ <unistd.h>
+tests/basic        : platform/basic <gtest/
+tests/ado          : $databases tests/server <gtest/
+tests/tsql         : $databases platform/tsql platform/sqlite tests/server <gtest/
+tests/sqlite       : $databases platform/tsql platform/sqlite <gtest/
+tests/odbc         : $databases platform/odbc <gtest/
+tests/ui           : platform/basic platform/ui <gtest/
+tests/scripted     : platform/basic platform/ui platform/scripted <gtest/
+tests/schema       : $databases schema tests/server <gtest/
+tests/host         : host schema payslate $platform platform/scripted <gtest/
+tests/desktop      : desktop platform/basic platform/ui <Q <gtest/
+tests/errands      : host desktop tests/server
+tests/component    : component persistence facilities paycomponents entry browser payslate host schema \
+                     $platform platform/scripted tests/ado tests/server <gtest/
+tests/persistence  : component persistence schema $databases platform/common tests/server <gtest/
+tests/review       : component review platform/basic <gtest/
+tests/soak         : host payslate $platform platform/scripted tests/component
+tests/server       : platform/basic platform/ado tests/ado
+persistence never reaches platform/ui
+review never reaches platform/ui
 "
 
-# Standard headers have no dot and no capital; everything else in angle brackets must be allowed by name.
-faults=0
-while IFS= read -r file; do
-  rule=$(printf '%s' "$table" | sed -n "s/  *:/:/; /^[a-z]/p" | while IFS=: read -r place allowed; do
-    case "$file" in "$place"*) printf '%s:%s\n' "$place" "$allowed"; break ;; esac
-  done)
-  [ -n "$rule" ] || { echo "$file: stands in a folder that no rule knows"; faults=1; continue; }
-  own=${rule%%:*}
-  allowed=${rule#*:}
-  while IFS= read -r included; do
-    case "$included" in
-      "<"*.h">" | "<"[A-Z]*) ;;
-      "<"*) continue ;;
-    esac
-    ok=no
-    for prefix in "${own%/*}/" $allowed; do
-      case "$included" in "$prefix"*) ok=yes; break ;; esac
-    done
-    [ "$ok" = yes ] || { echo "$file: may not include $included"; faults=1; }
-  done < <(sed -n 's/^ *# *include *"\([^"]*\)".*/\1/p; s/^ *# *include *\(<[^>]*>\).*/\1/p' "$file")
-done < <(find platform schema component persistence review facilities paycomponents entry browser payslate desktop host \
-              -name '*.cpp' -o -name '*.h' | sort)
-[ "$faults" -eq 0 ] && echo "All includes point the right way."
-exit "$faults"
+find_sources() { find . -path ./build -prune -o -path './.*' -prune -o \( -name '*.cpp' -o -name '*.h' \) -print; }
+
+# Without a build folder there are no links to read.
+links=/dev/null
+if [ $# -gt 0 ]; then
+  links=$1/links.txt
+  [ -e "$links" ] || { echo "$links is missing: configure $1 with PAYSLATE_TESTS" >&2; exit 2; }
+fi
+sources=$(find_sources | sed 's|^\./||' | sort)
+includes=$(tools/list-includes.sh $sources)
+faults=$(awk -f tools/check-includes.awk <(echo "$table") <(echo "$sources") <(echo "$includes") "$links" | sort -u)
+[ -z "$faults" ] || { echo "$faults"; exit 1; }
+echo "All includes point the right way."
+[ $# -eq 0 ] || echo "All links do."

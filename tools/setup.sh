@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. "setup.sh run" for building and running, "setup.sh test" for the
-# tests as well. Does nothing, and needs no rights, when all are there.
+# Installs the Debian packages that are missing: "setup.sh run" those for building and running, "setup.sh test" those of
+# the tests as well, "setup.sh lint" those of tools/lint.sh. Does nothing, and needs no rights, when all are there.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
           libxcb-cursor0 fonts-dejavu-core)
-if [ "${1:-run}" = test ]; then
-  packages+=(libgtest-dev xvfb xdotool unixodbc tdsodbc libsqliteodbc odbc-postgresql postgresql)
-fi
+case "${1:-run}" in
+  run) ;;
+  test) packages+=(libgtest-dev xvfb xdotool unixodbc tdsodbc libsqliteodbc odbc-postgresql postgresql) ;;
+  lint) packages+=(libgtest-dev git clang-tidy clang-format cppcheck) ;;
+  *) echo "Usage: setup.sh [run|test|lint]" >&2; exit 2 ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

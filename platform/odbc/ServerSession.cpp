@@ -130,8 +130,8 @@ std::vector<std::string> ServerSession::keyColumns(const std::string& table) {
           *statement);
     check(SQLGetData(statement->get(), positionColumn, SQL_C_SSHORT, &position, sizeof position, nullptr),
           *statement);
-    const auto end = std::find(column.begin(), column.end(), SQLWCHAR{0});
-    columns[position] = fromWide(std::u16string(column.begin(), end));
+    columns[position] =
+        fromWide(std::u16string(column.begin(), std::find(column.begin(), column.end(), SQLWCHAR{0})));
   }
   std::vector<std::string> names;
   names.reserve(columns.size());

@@ -66,7 +66,7 @@ constexpr std::array rules{
     Rule{"message",
          Verb::AnswerMessage,
          {Slot::Message},
-         "message TEXT [style N] [title TEXT] answer ok|yes|no"},
+         "message TEXT [style N] [title TEXT] answer ok|yes|no|escape"},
     Rule{"close", Verb::Close, {}, "close"},
     Rule{"expect form", Verb::ExpectForm, {Slot::Name}, "expect form NAME"},
     Rule{"expect no form", Verb::ExpectNoForm, {}, "expect no form"},
@@ -82,13 +82,10 @@ constexpr std::array rules{
 
 constexpr std::string_view propertyUsage = "expect CONTROL.PROPERTY = VALUE";
 
-constexpr std::array styles{ui::MessageStyle::Critical,     ui::MessageStyle::AskCritical,
-                            ui::MessageStyle::AskQuestion,  ui::MessageStyle::Exclamation,
-                            ui::MessageStyle::Information,  ui::MessageStyle::AskInformation,
-                            ui::MessageStyle::AskQuestionNo};
-
-constexpr std::array<std::pair<std::string_view, ui::Answer>, 3> answers{
-    {{"ok", ui::Answer::Ok}, {"yes", ui::Answer::Yes}, {"no", ui::Answer::No}}};
+constexpr std::array<std::pair<std::string_view, ui::Answer>, 4> answers{{{"ok", ui::Answer::Ok},
+                                                                          {"yes", ui::Answer::Yes},
+                                                                          {"no", ui::Answer::No},
+                                                                          {"escape", ui::Answer::Escape}}};
 
 [[noreturn]] void refuse(const std::string& problem, std::string_view usage) {
   throw LineError(problem, "write " + std::string(usage));
@@ -164,16 +161,6 @@ void readSession(Instruction& made, Arguments found, std::string_view usage) {
     if (!given[i]) refuse("the session lacks its " + std::string(settings[i].first), usage);
 }
 
-ui::MessageStyle styleOf(const Word& word) {
-  std::string known;
-  for (const ui::MessageStyle style : styles) {
-    const std::string number = std::to_string(static_cast<int>(style));
-    if (number == word.text) return style;
-    known += (known.empty() ? "" : ", ") + number;
-  }
-  throw LineError("\"" + word.text + "\" is no message style", "write one of " + known);
-}
-
 ui::Answer answerOf(const Word& word, std::string_view usage) {
   for (const auto& [name, answer] : answers)
     if (sameName(name, word.text)) return answer;
@@ -191,7 +178,7 @@ void readMessage(Instruction& made, Arguments found, std::string_view usage) {
       refuse("\"" + option.text + "\" has no meaning there", usage);
     const Word& value = found[at + 1];
     if (sameName(option.text, "style") && !made.style && !made.title) {
-      made.style = styleOf(value);
+      made.style = static_cast<ui::MessageStyle>(wholeNumber<int>(value, 0, usage));
     } else if (sameName(option.text, "title") && !made.title) {
       made.title = value.text;
     } else if (sameName(option.text, "answer")) {

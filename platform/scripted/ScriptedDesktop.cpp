@@ -18,7 +18,9 @@ void ScriptedDesktop::showModal(ui::Form& form) {
 }
 
 ui::Answer ScriptedDesktop::showMessage(const ui::Message& message) {
-  return clerk().answer(message);
+  ui::Answer answer = clerk().answer(message);
+  while (answer == ui::Answer::Escape && message.asksYesNo()) answer = clerk().answer(message);
+  return answer == ui::Answer::Escape ? ui::Answer::Ok : answer;
 }
 
 ui::MenuItem* ScriptedDesktop::showMenu(ui::Form& form, const ui::PopupMenu& menu) {

@@ -133,6 +133,7 @@ class SqliteProvider : public ado::Provider {
     std::sort(columns.begin(), columns.end(),
               [](const auto* a, const auto* b) { return a->keyPosition < b->keyPosition; });
     std::vector<std::string> names;
+    names.reserve(columns.size());
     for (const tsql::ColumnInfo* column : columns) names.push_back(column->name);
     return names;
   }

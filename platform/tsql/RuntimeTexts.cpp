@@ -173,6 +173,11 @@ Cell like(Arguments args) {
   return std::int64_t{matchesLike(text(args[0]), text(args[1]), escape)};
 }
 
+// The other text that equals a single blank.
+Cell emptied(Arguments args) {
+  return text(args[0]) == " " ? Cell(std::string()) : args[0];
+}
+
 Cell concat(Arguments args) {
   std::string result;
   for (const Cell& piece : args) {
@@ -201,6 +206,7 @@ constexpr std::array functions = {
     RuntimeFunction{"ts_char", 1, character},
     RuntimeFunction{"ts_str", 3, str},
     RuntimeFunction{"ts_like", -1, like},
+    RuntimeFunction{"ts_emptied", 1, emptied},
     RuntimeFunction{"ts_concat", -1, concat, false},
 };
 

@@ -35,6 +35,8 @@ class Writer {
 
   /// As the left side of a comparison, or as a key of an order or a group.
   void compared(const Expr& expr);
+  /// As a value of a list that the database keys by its values.
+  void keyed(const Expr& expr);
   void collate(const Type& type, bool storedColumn);
   void flat(const Expr& expr, const char* sign);
   void flatArguments(const Expr& expr, ExprKind kind, const char* sign);
@@ -51,6 +53,7 @@ class Writer {
   void order(const Query& query);
 
   std::string outputName_;  ///< Given to the next select's only column.
+  bool keyed_ = false;      ///< The only column of the next query keys a list.
 };
 
 }  // namespace payslate::tsql

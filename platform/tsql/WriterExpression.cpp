@@ -77,7 +77,8 @@ void Writer::comparison(const Expr& expr) {
   text += "(";
   compared(*expr.args[0]);
   text += " " + expr.name + " ";
-  write(*expr.args[1]);
+  const Expr& right = *expr.args[1];
+  right.isLiteral() ? keyed(right) : write(right);  // Comparisons between "or" may become a list.
   text += ")";
 }
 
@@ -134,9 +135,13 @@ void Writer::in(const Expr& expr) {
   compared(*expr.args[0]);
   text += expr.negated ? " NOT IN (" : " IN (";
   if (expr.query) {
+    keyed_ = true;
     write(*expr.query);
   } else {
-    list(expr, 1);
+    for (std::size_t i = 1; i < expr.args.size(); ++i) {
+      if (i > 1) text += ", ";
+      keyed(*expr.args[i]);
+    }
   }
   text += "))";
 }
@@ -239,6 +244,19 @@ void Writer::unbound(const Expr& expr) {
 void Writer::compared(const Expr& expr) {
   write(expr);
   collate(expr.type, expr.storedColumn);
+}
+
+// The database may keep one text of a list with the length of another, where they are equal and no longer
+// than a blank: of the two that there are, one is not let in.
+void Writer::keyed(const Expr& expr) {
+  if (!expr.type.isText()) return write(expr);
+  if (expr.isLiteral()) {
+    text += expr.literal == Cell(" ") ? "''" : writtenLiteral(expr.literal);
+    return;
+  }
+  text += "ts_emptied(";
+  write(expr);
+  text += ")";
 }
 
 void Writer::collate(const Type& type, bool storedColumn) {

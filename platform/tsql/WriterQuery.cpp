@@ -21,11 +21,13 @@ void Writer::write(const Query& query) {
   const bool several = query.cores.size() > 1;
   bool distinct = query.cores.front().distinct;
   for (const bool all : query.all) distinct = distinct || !all;
+  const bool keys = (std::exchange(keyed_, false) || (several && distinct)) && query.columns.size() == 1;
   for (std::size_t i = 0; i < query.cores.size(); ++i) {
     if (i > 0) text += query.all[i - 1] ? " UNION ALL " : " UNION ";
     const SelectCore& core = query.cores[i];
     const bool wrapped = several && core.top;
     if (wrapped) text += "SELECT * FROM (";
+    keyed_ = keys;
     write(core, distinct || core.distinct);
     if (several && core.top) text += " LIMIT " + std::to_string(*core.top);
     if (wrapped) text += ")";
@@ -48,17 +50,16 @@ void Writer::write(const SelectCore& core, bool distinct) {
 
 void Writer::items(const SelectCore& core, bool distinct) {
   const std::string outputName = std::exchange(outputName_, "");
+  const bool keys = std::exchange(keyed_, false);
   for (std::size_t i = 0; i < core.items.size(); ++i) {
     if (i > 0) text += ", ";
     const SelectItem& item = core.items[i];
     // Under a bare "having" all rows are one group; the database wants to see something that folds them.
     const bool folds = i == 0 && core.having && core.groupBy.empty();
     if (folds) text += "CASE WHEN count(*) >= 0 THEN ";
-    if (distinct) {
-      compared(*item.expr);
-    } else {
-      write(*item.expr);
-    }
+    const Expr& expr = *item.expr;
+    keys ? keyed(expr) : write(expr);
+    if (distinct) collate(expr.type, expr.storedColumn && !keys);
     if (folds) text += " END";
     const std::string& name = outputName.empty() ? item.alias : outputName;
     if (!name.empty()) text += " AS " + quotedName(name);

@@ -26,6 +26,7 @@ class Clerk {
   virtual ~Clerk() = default;
   /// Works on the form until it is no longer loaded, then returns.
   virtual void attend(Form& form) = 0;
+  /// Asked again about a message that Escape does not close.
   virtual Answer answer(const Message& message) = 0;
   /// Null picks nothing.
   virtual MenuItem* pick(Form& form, const PopupMenu& menu) = 0;

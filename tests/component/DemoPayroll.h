@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "payslate/clspayslate.h"
@@ -10,6 +11,7 @@
 #include "platform/basic/Numbers.h"
 #include "platform/scripted/ScriptedDesktop.h"
 #include "schema/schema.h"
+#include "schema/script.h"
 
 namespace payslate {
 
@@ -17,6 +19,20 @@ struct DemoPayroll {
   explicit DemoPayroll(const std::string& database = ":memory:") {
     connection->Open(database);
     schema::createDemo(*connection);
+  }
+
+  // Only primary keys are left, as a host's own tables may have no more.
+  void dropIndexes() const {
+    for (const std::string_view statement : schema::payroll()) {
+      std::istringstream words{std::string(statement)};
+      std::string word;
+      std::string index;
+      std::string table;
+      words >> word >> word;
+      if (word == "unique") words >> word;
+      words >> index >> word >> table;
+      if (word == "on") connection->Execute("drop index " + index + " on " + table);
+    }
   }
 
   // Returns when the clerk has closed the list.

@@ -70,6 +70,8 @@ TEST_F(Desktop, ShowsWhatTheFormSaysWhenItSaysIt) {
     form.txtAmount.Select(1, 3);
     EXPECT_EQ(amount.text(), "1500.00");
     EXPECT_EQ(amount.selectedText(), "500");
+    form.txtNumber.Text = std::string(80000, 'x');
+    EXPECT_EQ(part<QLineEdit>(window, "txtNumber").text().size(), 80000);
     EXPECT_TRUE(amount.alignment().testFlag(Qt::AlignRight));
     EXPECT_TRUE(part<QLineEdit>(window, "txtLocked").isReadOnly());
     form.fraPeriod.Enabled = false;
@@ -133,7 +135,10 @@ TEST_F(Desktop, LeavesNothingToQtThatChangesAControl) {
     press(number, Qt::Key_Minus, {}, "-");
     press(number, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
     press(number, Qt::Key_5, Qt::KeypadModifier, "5");
-    EXPECT_EQ(form.txtNumber.Text(), "a@5");
+    form.txtNumber.numeric = true;
+    press(number, Qt::Key_Comma, Qt::KeypadModifier, ",");
+    EXPECT_EQ(form.txtNumber.Text(), "a@5.");
+    press(number, Qt::Key_Backspace);
     press(number, Qt::Key_Z, Qt::ControlModifier);
     press(number, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(form.txtNumber.SelStart() + form.txtNumber.SelLength(), 3);
@@ -240,7 +245,8 @@ TEST_F(Desktop, ShowsMessagesAsTheirStylesSay) {
                {ui::MessageStyle::AskQuestion, QMessageBox::Question, ui::Answer::Yes},
                {ui::MessageStyle::Exclamation, QMessageBox::Warning, ui::Answer::Ok},
                {ui::MessageStyle::Information, QMessageBox::Information, ui::Answer::Ok},
-               {ui::MessageStyle::AskInformation, QMessageBox::Information, ui::Answer::No}};
+               {ui::MessageStyle::AskInformation, QMessageBox::Information, ui::Answer::No},
+               {ui::MessageStyle::AskQuestionNo, QMessageBox::Question, ui::Answer::Yes}};
   windows.setClerk(&clerk);
   for (const auto& one : cases) {
     clerk.says = one.answer;
@@ -256,6 +262,38 @@ TEST_F(Desktop, ShowsMessagesAsTheirStylesSay) {
     };
     EXPECT_EQ(windows.showMessage({"<i>a</i> & b", one.style, "Toy"}), one.answer);
     EXPECT_EQ(seen, 1);
+  }
+}
+
+// Escape, the close box, then Enter.
+TEST_F(Desktop, LeavesAQuestionOpenUntilAButtonAnswersIt) {
+  const std::pair<ui::MessageStyle, ui::Answer> cases[] = {
+      {ui::MessageStyle::AskInformation, ui::Answer::Yes},
+      {ui::MessageStyle::AskCritical, ui::Answer::Yes},
+      {ui::MessageStyle::AskQuestionNo, ui::Answer::No}};
+  for (const auto& [style, entered] : cases) {
+    int stayed = 0;
+    QTimer::singleShot(5, &life, [&stayed] {
+      QWidget* box = QApplication::activeModalWidget();
+      QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+      stayed += box->isVisible() ? 1 : 0;
+      box->windowHandle()->close();
+      stayed += box->isVisible() ? 1 : 0;
+      QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    EXPECT_EQ(windows.showMessage({"Really?", style, "Toy"}), entered) << static_cast<int>(style);
+    EXPECT_EQ(stayed, 2) << static_cast<int>(style);
+  }
+  for (const bool byKey : {true, false}) {
+    QTimer::singleShot(5, &life, [byKey] {
+      QWidget* box = QApplication::activeModalWidget();
+      if (byKey)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+      else
+        box->close();
+      EXPECT_FALSE(box->isVisible());
+    });
+    EXPECT_EQ(windows.showMessage({"Done.", ui::MessageStyle::Information, "Toy"}), ui::Answer::Ok);
   }
 }
 

@@ -39,7 +39,7 @@ Log perform(ui::Desktop& desktop, ui::Hands& hands, ToyClerk& clerk, const Step&
     log.push_back("focus " + (form->ActiveControl() == nullptr ? "" : form->ActiveControl()->Name()));
     for (const ui::Control* control : form->Controls())
       for (const char* property : {"Text", "Value", "ListIndex", "SelStart", "SelLength", "Tab", "Row"})
-        if (const auto text = control->propertyText(property); text && *text != "" && *text != "0")
+        if (const auto text = control->propertyText(property); text && !text->empty() && *text != "0")
           log.push_back(control->Name() + "." + property + " = " + *text);
     form->txtNumber.Text = "";
     form->Unload();

@@ -41,6 +41,7 @@ class Drawing {
   void expectGrows(const char* growing, const std::vector<const char*>& steady) const {
     constexpr int added = 150;
     std::vector<QSize> before;
+    before.reserve(steady.size());
     for (const char* name : steady) before.push_back(part(name).size());
     const QSize small = part(growing).size();
     window_.resize(window_.width() + added, window_.height() + added);

@@ -135,7 +135,7 @@ TEST_F(EntryStore, ACancelledEntryGivesItsRecoveriesUpAndIsNotRewritten) {
   EXPECT_TRUE(readHeader(session, entry.id).cancelled);
   EXPECT_TRUE(read(entry.id).facilities.empty());
   EXPECT_FALSE(liveInMonth(session, employee, entry.date).has_value());
-  EXPECT_TRUE(anyInMonth(session, employee, entry.date).has_value());
+  EXPECT_FALSE(liveAmongAllInMonth(session, employee, entry.date).has_value());
   EXPECT_THROW(store(entry), ado::Error);
   EXPECT_THROW(readHeader(session, entry.id + 1), ado::Error);
 }

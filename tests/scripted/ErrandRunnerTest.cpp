@@ -74,6 +74,8 @@ TEST(ErrandRunner, WorksThroughNestedFormsMessagesAndMenus) {
                                    "expect sql select 1\n"
                                    "| 1.0 | x | NULL |\n"
                                    "expect sent 3\n"
+                                   "message Close? answer escape\n"
+                                   "sql while it asks\n"
                                    "message \"*lo*?\" style 36 title Toy answer no\n"
                                    "expect txtAmount.Text = 12\n"
                                    "click cmdOk\n"
@@ -94,13 +96,13 @@ TEST(ErrandRunner, WorksThroughNestedFormsMessagesAndMenus) {
                                    "| Name |\n"
                                    "expect not red grdRows 1\n"
                                    "click cmdFail\n"
-                                   "message \"it broke\" answer ok\n"
+                                   "message \"it broke\" answer escape\n"
                                    "close\n"
                                    "expect no form\n"
                                    "sql after the show\n");
   EXPECT_FALSE(failure) << told(failure) << "\n" << toy.transcript.str();
-  EXPECT_EQ(toy.stage.said,
-            (std::vector<std::string>{"file setup.sql", "Toy", "what another user does", "after the show"}));
+  EXPECT_EQ(toy.stage.said, (std::vector<std::string>{"file setup.sql", "Toy", "what another user does",
+                                                      "while it asks", "after the show"}));
   EXPECT_TRUE(toy.form->lvwTicks.isChecked(1));
   EXPECT_EQ(toy.form->popupsDone, 1);
   // Depth shows in the transcript: the popup's lines stand to the right of its owner's.
@@ -155,6 +157,7 @@ TEST(ErrandRunner, FailsAtTheFirstLineThatDoesNotHold) {
       {"click cmdFail\nmessage \"it broke\" answer yes", 4, "answer yes", "OK alone"},
       {"click cmdFail", 3, "the end of the errand", "it broke"},
       {"click cmdPopup\nclose\nmessage Close? answer ok", 5, "answer ok", "Yes and No"},
+      {"click cmdPopup\nclose\nmessage Close? answer escape\nclick cmdOk", 6, "click cmdOk", "Close?"},
       {"click cmdPopup\nclose\nsql bad", 5, "succeeds", "no such statement"},
       {"click cmdPopup\nexpect txtName.Text = \"\"", 4, "a control txtName", "frmPopup"},
       {"click cmdPopup\nclick cmdOk", 4, "the end of the errand", "Close?"},

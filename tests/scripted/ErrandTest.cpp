@@ -13,7 +13,7 @@ TEST(Errand, ReadsEveryPartOfItsInstructions) {
       "\r\n"
       "  type txtName \"a \\\"b\\\" \\\\ \\t\\r\\n#\"\r\n"
       "message \"* is \\\"x\\\"\" style 68 title \"Pay roll\" answer yes\r\n"
-      "MESSAGE ok answer OK\n"
+      "MESSAGE ok style 4660 answer ESCAPE\n"
       "menu none\n"
       "menu \"none\"\n"
       "key Ctrl+D\n"
@@ -33,7 +33,9 @@ TEST(Errand, ReadsEveryPartOfItsInstructions) {
   EXPECT_EQ(found[1].style, ui::MessageStyle::AskInformation);
   EXPECT_EQ(found[1].title, "Pay roll");
   EXPECT_EQ(found[1].answer, ui::Answer::Yes);
-  EXPECT_FALSE(found[2].style || found[2].title);
+  EXPECT_EQ(static_cast<int>(*found[2].style), 4660);
+  EXPECT_FALSE(found[2].title);
+  EXPECT_EQ(found[2].answer, ui::Answer::Escape);
   EXPECT_TRUE(found[3].none);
   EXPECT_FALSE(found[4].none);
   EXPECT_EQ(found[5].key.character, ui::KeyAscii::CtrlD);
@@ -94,9 +96,9 @@ TEST(Errand, TellsWhatIsWrongAndWhatToWriteInstead) {
       {"row lvw 99999999999", 1, "no whole number", "row LIST N"},
       {"tick lvw -1", 1, "no whole number", "tick LIST N"},
       {"date dtp 2006/02/30", 1, "no date", "yyyy/mm/dd"},
-      {"message x", 1, "no answer", "answer ok|yes|no"},
+      {"message x", 1, "no answer", "answer ok|yes|no|escape"},
       {"message x answer maybe", 1, "\"maybe\" is no answer", "ok|yes|no"},
-      {"message x style 65 answer ok", 1, "no message style", "16, 20, 36, 48, 64, 68"},
+      {"message x style critical answer ok", 1, "\"critical\" is no whole number", "[style N]"},
       {"message x title t style 64 answer ok", 1, "\"style\" has no meaning there", "[style N] [title TEXT]"},
       {"message x answer ok title t", 1, "behind the answer", "message TEXT"},
       {"session company 1", 1, "lacks its user", "session company N"},

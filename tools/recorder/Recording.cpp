@@ -25,6 +25,8 @@ const char* nameOf(ui::Answer answer) {
   switch (answer) {
     case ui::Answer::Ok:
       return "Ok";
+    case ui::Answer::Escape:
+      return "Escape";
     case ui::Answer::Yes:
       return "Yes";
     case ui::Answer::No:

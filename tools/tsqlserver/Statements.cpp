@@ -134,7 +134,7 @@ Outcome Statements::perform(const std::string& text, Replacements variables, Rep
 void Statements::describe(const std::string& text, Replacements variables, Reply& reply) {
   const std::vector<std::string> words = wordsOf(text);
   if (words.empty() || words.front() != "SELECT") return;  // Anything else would run.
-  for (auto& [name, literal] : variables) literal = "null";
+  for (auto& variable : variables) variable.second = "null";
   try {
     if (const std::unique_ptr<ado::Cursor> cursor = provider_.execute(replaced(text, variables)))
       sendColumns(cursor->columns(), reply);

@@ -1,8 +1,10 @@
 // A month of the demo company: everybody who can be entered is entered, some entries are rewritten, some
-// cancelled, and what is stored adds up to what the masters say.
+// cancelled, and what is stored adds up to what the masters say. The same month on tables without indexes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
@@ -150,6 +152,37 @@ TEST(WholeCompany, StoredRowsAddUpToTheMasters) {
   next.onlyLooks = true;
   payroll.show(next, 5, 31);
   EXPECT_EQ(next.offered, value("select count(*) from pemployee where eCompanyID = 1 and eActive = 1"));
+}
+
+/// What a month's work sends, in its order, and what it leaves behind.
+std::vector<std::string> workOf(const DemoPayroll& payroll) {
+  std::vector<std::string> lines;
+  MonthClerk clerk;
+  payroll.connection->StatementSent = [&lines](std::string_view text) { lines.emplace_back(text); };
+  payroll.show(clerk);
+  payroll.connection->StatementSent = nullptr;
+  const auto sent = static_cast<std::ptrdiff_t>(lines.size());
+  for (const char* table : {"pempmonthlyentryheader", "pemployeeallowancedetail", "pemployeeDeductiondetail",
+                            "pempfacilitydeductiondetail", "pEmployeeCurrentDetails"}) {
+    ado::Recordset rows = payroll.connection->Execute(std::string("select * from ") + table);
+    for (; !rows.Eof(); rows.MoveNext()) {
+      std::string line = table;
+      for (std::size_t field = 0; field < rows.FieldCount(); ++field) line += "|" + rows.Fields(field).Text();
+      lines.push_back(line);
+    }
+  }
+  std::sort(lines.begin() + sent, lines.end());
+  return lines;
+}
+
+TEST(WholeCompany, TablesWithoutIndexesHoldTheSameMonth) {
+  const std::vector<std::string> expected = workOf(DemoPayroll());
+  const DemoPayroll bare;
+  bare.dropIndexes();
+  const std::vector<std::string> lines = workOf(bare);
+  for (std::size_t i = 0; i < std::min(lines.size(), expected.size()); ++i)
+    ASSERT_EQ(lines[i], expected[i]) << "line " << i;
+  EXPECT_EQ(lines.size(), expected.size());
 }
 
 }  // namespace

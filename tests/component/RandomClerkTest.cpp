@@ -124,6 +124,7 @@ class RandomClerk : public ui::Clerk {
       if (question != "Are you sure you want to delete \r" + row->description + "?") continue;
       require(kind == Facilities || row->isAny("NB"), "a row that stays was offered for deletion");
       if (yes) known_[kind].erase(row);
+      deleted_ = yes;
       return;
     }
     require(false, "a question about no selected row");
@@ -294,6 +295,7 @@ class RandomClerk : public ui::Clerk {
     if (action == "right click") input.clickRow(rows, row, ui::MouseButton::Right);
     if (action == "press Enter on") input.key({ui::KeyCode::Return, ui::Shift::None, ui::KeyAscii::Return});
     if (action == "press Delete on") input.key({ui::KeyCode::Delete});
+    if (std::exchange(deleted_, false)) totals_ = totalsOf(*entry_);
     if (!ticks) return;
     Row& ticked = known_[kind][static_cast<std::size_t>(row)];
     ticked.ticked = !ticked.ticked;
@@ -419,6 +421,7 @@ class RandomClerk : public ui::Clerk {
   std::array<Rows, 2> standing_;  // as they were loaded
   Totals totals_;                 // as they must be stated
   bool refused_ = false;
+  bool deleted_ = false;
   bool saving_ = false;
   bool leaving_ = false;
   bool refreshed_ = false;

@@ -158,7 +158,7 @@ TEST_F(SaveFaults, EveryRequestOfASaveCanFailWithoutATrace) {
   // Each refused save leaves the employee to be entered; the first request that does not exist stores the
   // entry.
   int request = 1;
-  for (SavingClerk clerk = enter(request); clerk.messages.size() > 0; clerk = enter(++request)) {
+  for (SavingClerk clerk = enter(request); !clerk.messages.empty(); clerk = enter(++request)) {
     SCOPED_TRACE("request " + std::to_string(request));
     ASSERT_EQ(clerk.messages.front(), faultText);
     ASSERT_TRUE(clerk.formStayedOpen);
