@@ -44,8 +44,8 @@ class EntryReader {
   void fnLoadEntryCarryForward(EntryRecord& entry);
   /// All of them.
   void readRows(EntryRecord& entry);
-  /// How many rows the stored entry has beyond those that the four have read, because a join of theirs found
-  /// nothing to show them with.
+  /// How many rows the stored entry has beyond those that were read, because a join found nothing to show
+  /// them with.
   [[nodiscard]] int hiddenRows(const EntryRecord& entry);
   /// Header and rows.
   [[nodiscard]] EntryRecord whole(std::int32_t entryId);

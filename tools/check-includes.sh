@@ -20,7 +20,7 @@ platform/common    : platform/basic platform/ado platform/ui
 schema             : platform/basic platform/ado
 component          : $platform
 persistence        : component platform/basic platform/ado platform/common
-review             : component platform/basic platform/ado platform/common
+review             : component platform/basic
 facilities         : component $platform
 paycomponents      : component $platform
 entry              : component facilities paycomponents persistence review $platform
