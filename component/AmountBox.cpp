@@ -15,6 +15,7 @@ constexpr const char* listPattern = "0.00";
 }  // namespace
 
 void makeAmountBox(ui::TextBox& box, const BasPaySlate& bas, const FormHelpers& helpers) {
+  box.numeric = true;
   box.GotFocus = [&box] { box.SelectAll(); };
   box.KeyPress = [&box, &bas, &helpers](int& keyAscii) {
     bas.EnterToTab(keyAscii);

@@ -6,6 +6,7 @@
 #include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <limits>
 
 #include "desktop/FormWindow.h"
 #include "desktop/Texts.h"
@@ -15,6 +16,7 @@ namespace payslate::desktop {
 
 LineEditing::LineEditing(QLineEdit& edit, FormWindow& window, EditedText edited, bool shiftMovesSelect)
     : edit_(edit), window_(window), edited_(std::move(edited)), shiftMovesSelect_(shiftMovesSelect) {
+  edit_.setMaxLength(std::numeric_limits<int>::max());  // How much a box takes, the box knows.
   edit_.setContextMenuPolicy(Qt::NoContextMenu);
   edit_.setAcceptDrops(false);
   edit_.setDragEnabled(false);

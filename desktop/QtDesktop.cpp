@@ -199,6 +199,10 @@ ui::MenuItem* QtDesktop::pickByClerk(QMenu& menu, ui::Form& form, const ui::Popu
   return picked;
 }
 
+void QtDesktop::beep() {
+  QApplication::beep();
+}
+
 std::string QtDesktop::shortDatePattern() const {
   const QLocale region = QLocale::system();
   if (region.language() == QLocale::C) return Desktop::shortDatePattern();

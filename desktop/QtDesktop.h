@@ -41,6 +41,7 @@ class QtDesktop : public ui::Desktop {
   void showModal(ui::Form& form) override;
   ui::Answer showMessage(const ui::Message& message) override;
   ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& model) override;
+  void beep() override;
   [[nodiscard]] std::string shortDatePattern() const override;
   [[nodiscard]] std::string applicationFolder() const override;
 

@@ -92,12 +92,14 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Facilities, facilities_);
   cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct); };
 
+  txtBasicPay.numeric = true;
   txtBasicPay.Change = [this] { DisplayCurrency(); };
   txtBasicPay.KeyPress = [this](int& keyAscii) {
     boxes_.txtBasicPay_KeyPress(*helpers_.objCommonGen, keyAscii);
   };
   txtBasicPay.Validate = [this](bool& cancel) { boxes_.txtBasicPay_Validate(cancel); };
   for (ui::TextBox* box : {&txtNoPresent, &txtNoLeave, &txtNoAbsent}) {
+    box->numeric = true;
     box->GotFocus = [box] { box->SelectAll(); };
     box->KeyPress = [this, box](int& keyAscii) {
       boxes_.dayCount_KeyPress(*helpers_.objCommonGen, *box, keyAscii);

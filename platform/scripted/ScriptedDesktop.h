@@ -20,6 +20,8 @@ class ScriptedDesktop : public ui::Desktop {
   void showModal(ui::Form& form) override;
   ui::Answer showMessage(const ui::Message& message) override;
   ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& menu) override;
+  void beep() override { ++beeps_; }
+  [[nodiscard]] int beeps() const { return beeps_; }
   [[nodiscard]] std::string applicationFolder() const override { return folder_; }
 
  private:
@@ -27,6 +29,7 @@ class ScriptedDesktop : public ui::Desktop {
 
   std::string folder_;
   ui::Clerk* clerk_ = nullptr;
+  int beeps_ = 0;
 };
 
 }  // namespace payslate::scripted

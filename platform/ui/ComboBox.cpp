@@ -6,6 +6,7 @@
 
 #include "platform/basic/Numbers.h"
 #include "platform/basic/Unicode.h"
+#include "platform/ui/Form.h"
 
 namespace payslate::ui {
 
@@ -107,9 +108,16 @@ void ComboBox::selectByInitial(char32_t character) {
   }
 }
 
-bool ComboBox::editKey(const Key& key) {
+void ComboBox::replace(int start, int count, std::u32string_view inserted) {
   std::u32string text = basic::characters(text_);
-  const auto whole = static_cast<int>(text.size());
+  text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count), inserted);
+  selStart_ = start + static_cast<int>(inserted.size());
+  selLength_ = 0;
+  typeText(basic::encoded(text));
+}
+
+bool ComboBox::editKey(const Key& key) {
+  const auto whole = static_cast<int>(basic::characterCount(text_));
   int start = selStart_;
   int count = selLength_;
   std::u32string inserted;
@@ -125,11 +133,16 @@ bool ComboBox::editKey(const Key& key) {
   } else {
     return false;
   }
-  if (inserted.empty() && count == 0) return true;
-  text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count), inserted);
-  selStart_ = start + static_cast<int>(inserted.size());
-  selLength_ = 0;
-  typeText(basic::encoded(text));
+  if (!inserted.empty() || count > 0) replace(start, count, inserted);
+  return true;
+}
+
+bool ComboBox::paste(std::u32string_view pasted, const KeyFilter& passes) {
+  if (Style != ComboStyle::DropDown) return true;
+  std::u32string taken;
+  for (char32_t character : pasted)
+    if (character >= KeyAscii::FirstPrintable && passes(character)) taken += character;
+  if (!taken.empty() && form().isLoaded()) replace(selStart_, selLength_, taken);
   return true;
 }
 

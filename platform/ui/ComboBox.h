@@ -48,6 +48,8 @@ class ComboBox : public Control {
 
   [[nodiscard]] std::optional<std::string> propertyText(std::string_view property) const override;
   bool keyAction(const Key& key) override;
+  /// Typed at once: one Change, whatever items the text would have met on the way.
+  bool paste(std::u32string_view pasted, const KeyFilter& passes) override;
 
   /// The user's typing: the text becomes this, nothing is selected, Change; then the item with this text, if
   /// there is one, is selected and shown as it is written, which raises Click. An item that differs in the
@@ -64,6 +66,7 @@ class ComboBox : public Control {
   void requireItem(int index, int lowest) const;
   [[nodiscard]] int typedItem() const;  // -1 for none
   bool editKey(const Key& key);
+  void replace(int start, int count, std::u32string_view inserted);
   void selectByInitial(char32_t character);
 
   std::vector<Item> items_;

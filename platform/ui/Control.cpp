@@ -40,6 +40,10 @@ bool Control::keyAction(const Key&) {
   return false;
 }
 
+bool Control::paste(std::u32string_view, const KeyFilter&) {
+  return true;
+}
+
 std::string flagText(bool flag) {
   return flag ? "True" : "False";
 }

@@ -14,6 +14,9 @@ namespace payslate::ui {
 
 class Form;
 
+/// Asks the key-press handlers about a pasted character, which they may replace; false when they cancel it.
+using KeyFilter = std::function<bool(char32_t& character)>;
+
 /// What of a control changed, told to the screen that shows it. `row` counts from 0 where rows are meant.
 enum class Aspect {
   Enabled,
@@ -84,9 +87,13 @@ class Control {
   /// The text of a property by its name in any letter case; nothing when the control has no such property.
   [[nodiscard]] virtual std::optional<std::string> propertyText(std::string_view property) const;
 
+  /// The character that a typed one stands for in this control, before any handler sees it.
+  [[nodiscard]] virtual int typedCharacter(int character) const { return character; }
   /// What a key that no handler took does to a control of this kind. Called by Input alone; false when the
   /// control has no use for it.
   virtual bool keyAction(const Key& key);
+  /// Takes what is pasted, every character of it through the filter. False when it is refused as a whole.
+  virtual bool paste(std::u32string_view pasted, const KeyFilter& passes);
 
   void observe(std::function<void(const Change&)> observer) { observer_ = std::move(observer); }
 

@@ -29,6 +29,8 @@ class Desktop {
   virtual Answer showMessage(const Message& message) = 0;
   /// Shows the visible items and waits; null when the user picks none.
   virtual MenuItem* showMenu(Form& form, const PopupMenu& menu) = 0;
+  /// The sound that tells of an input that is refused.
+  virtual void beep() = 0;
   /// The region's short date format, with a four-digit year: dd, MM and yyyy in some order.
   [[nodiscard]] virtual std::string shortDatePattern() const { return "dd/MM/yyyy"; }
   /// The folder that the running application stands in, without a trailing separator.

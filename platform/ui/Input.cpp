@@ -56,12 +56,15 @@ void Input::paste(std::u32string_view characters) {
   perform([&] {
     Control* control = form_.ActiveControl();
     if (control == nullptr) return;
-    for (const char32_t character : characters) {
+    const auto passes = [&](char32_t& character) {
       Key pasted{KeyCode::None, Shift::None, static_cast<int>(character)};
-      // Line ends in a pasted text are no Enter keys.
-      if (pasted.character >= KeyAscii::FirstPrintable && filter(control, pasted)) control->keyAction(pasted);
-      if (!form_.isLoaded()) return;
-    }
+      if (!form_.isLoaded() || !filter(control, pasted)) return false;
+      character = static_cast<char32_t>(pasted.character);
+      return true;
+    };
+    const bool refused = !control->paste(characters, passes);
+    if (!form_.isLoaded()) return;
+    if (refused) form_.desktop().beep();
     int released = 'V';
     control->KeyUp.raise(released, Shift::Ctrl);
   });
@@ -167,6 +170,7 @@ void Input::stroke(Key key) {
   if (control != nullptr && key.code != KeyCode::None && form_.isLoaded())
     control->KeyDown.raise(key.code, key.shift);
   if (!form_.isLoaded()) return;
+  if (control != nullptr) key.character = control->typedCharacter(key.character);
   if (!pressMnemonic(key) && filter(control, key)) keyEffect(control, key);
   if (!form_.isLoaded() || control == nullptr) return;
   int released = pressed;

@@ -28,7 +28,8 @@ class Input {
   /// A key on the focused control: form key-down, key-down, key-press, the key's effect, key-up.
   void key(Key key);
   void type(std::u32string_view characters);
-  /// Ctrl+V: text into the focused control, every character through its key-press filter; then key-up.
+  /// Ctrl+V: text into the focused control, every character through its key-press filter; then one Change and
+  /// key-up. A beep tells of a paste that is refused as a whole.
   void paste(std::u32string_view characters);
   /// Left button on a control; buttons, check boxes and options do what they are for.
   void click(Control& control);

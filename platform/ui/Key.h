@@ -39,7 +39,9 @@ constexpr int Back = 8;
 constexpr int CtrlReturn = 10;
 constexpr int Return = 13;
 constexpr int Escape = 27;
+constexpr int Comma = 44;
 constexpr int Minus = 45;
+constexpr int Point = 46;
 constexpr int Zero = 48;
 constexpr int FirstPrintable = 32;
 }  // namespace KeyAscii

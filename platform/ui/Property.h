@@ -27,8 +27,8 @@ class Property {
     return *this;
   }
 
-  /// Stores without telling anybody: for the owner alone.
-  void store(T value) { value_ = std::move(value); }
+  /// The value itself, to be changed without telling anybody: for the owner alone.
+  T& stored() { return value_; }
 
  private:
   T value_;

@@ -4,6 +4,7 @@
 #include "component/BasPaySlate.h"
 #include "component/clspayslate.h"
 #include "platform/ado/Error.h"
+#include "platform/basic/Unicode.h"
 #include "platform/common/CommonGen.h"
 #include "platform/common/clsCommonGen.h"
 #include "platform/scripted/ScriptedDesktop.h"
@@ -147,6 +148,53 @@ TEST(CommonGen, LetsOnlyNumbersBeTyped) {
     int key = one.key;
     general.TextValidateNum(form.text, key, 18, 2);
     EXPECT_EQ(key != 0, one.passes) << one.text << " + " << one.key;
+  }
+}
+
+TEST(CommonGen, LetsANumberBePastedWholeOrNotAtAll) {
+  IdleClerk clerk;
+  scripted::ScriptedDesktop desktop;
+  desktop.setClerk(&clerk);
+  common::clsCommonGen general;
+  const auto form = std::make_shared<InputForm>(desktop);
+  form->load();
+  form->text.SetFocus();
+  form->text.numeric = true;
+  form->text.MaxLength = 9;
+  form->text.KeyPress = [&](int& key) { general.TextValidateNum(form->text, key, 18, 2); };
+  int changes = 0;
+  form->text.Change = [&changes] { ++changes; };
+  // The bracketed part of a text is selected.
+  const struct {
+    const char32_t* before;
+    const char32_t* pasted;
+    const char* after;  // null where it is refused
+  } cases[] = {
+      {U"[]", U"1234.50", "1234.50"},  {U"[]", U" \t\u00A01234,5\r\n", "1234.5"},
+      {U"1[9]97", U",5", nullptr},     {U"1[997]", U",5", "1.5"},
+      {U"1.[5]", U"2,5", nullptr},     {U"[28]", U"1.234,50", nullptr},
+      {U"[28]", U"1,234.50", nullptr}, {U"2[8]", U"1,2,3", nullptr},
+      {U"2[8]", U"5-x", nullptr},      {U"[28]", U"1\n2", nullptr},
+      {U"[28]", U"1 000", nullptr},    {U"12345[6]", U"1234", "123451234"},
+      {U"123456[]", U"1234", nullptr}, {U"2[8]", U" \n", "28"},
+  };
+  for (const auto& one : cases) {
+    std::u32string text(one.before);
+    const auto start = text.find(U'[');
+    const auto length = text.find(U']') - start - 1;
+    std::erase_if(text, [](char32_t character) { return character == U'[' || character == U']'; });
+    const std::string before = basic::encoded(text);
+    form->text.Text = before;
+    form->text.Select(static_cast<int>(start), static_cast<int>(length));
+    changes = 0;
+    const int beeps = desktop.beeps();
+    form->input().paste(one.pasted);
+    const std::string label = before + " + " + basic::encoded(one.pasted);
+    EXPECT_EQ(form->text.Text(), one.after == nullptr ? before : one.after) << label;
+    EXPECT_EQ(desktop.beeps() - beeps, one.after == nullptr ? 1 : 0) << label;
+    EXPECT_EQ(changes, form->text.Text() == before ? 0 : 1) << label;
+    const std::size_t selected = changes == 0 ? length : 0;
+    EXPECT_EQ(form->text.SelLength(), static_cast<int>(selected)) << label;
   }
 }
 

@@ -70,6 +70,8 @@ TEST_F(Desktop, ShowsWhatTheFormSaysWhenItSaysIt) {
     form.txtAmount.Select(1, 3);
     EXPECT_EQ(amount.text(), "1500.00");
     EXPECT_EQ(amount.selectedText(), "500");
+    form.txtNumber.Text = std::string(80000, 'x');
+    EXPECT_EQ(part<QLineEdit>(window, "txtNumber").text().size(), 80000);
     EXPECT_TRUE(amount.alignment().testFlag(Qt::AlignRight));
     EXPECT_TRUE(part<QLineEdit>(window, "txtLocked").isReadOnly());
     form.fraPeriod.Enabled = false;
@@ -133,7 +135,10 @@ TEST_F(Desktop, LeavesNothingToQtThatChangesAControl) {
     press(number, Qt::Key_Minus, {}, "-");
     press(number, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
     press(number, Qt::Key_5, Qt::KeypadModifier, "5");
-    EXPECT_EQ(form.txtNumber.Text(), "a@5");
+    form.txtNumber.numeric = true;
+    press(number, Qt::Key_Comma, Qt::KeypadModifier, ",");
+    EXPECT_EQ(form.txtNumber.Text(), "a@5.");
+    press(number, Qt::Key_Backspace);
     press(number, Qt::Key_Z, Qt::ControlModifier);
     press(number, Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(form.txtNumber.SelStart() + form.txtNumber.SelLength(), 3);

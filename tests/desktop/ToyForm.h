@@ -78,6 +78,7 @@ class DirectDesktop : public ui::Desktop {
   ui::MenuItem* showMenu(ui::Form& form, const ui::PopupMenu& menu) override {
     return clerk_.pick(form, menu);
   }
+  void beep() override {}
   [[nodiscard]] std::string applicationFolder() const override { return "."; }
 
  private:

@@ -1,6 +1,7 @@
 // What a user's action sets off, in which order, and what refuses it.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <stdexcept>
 
 #include "tests/ui/TestForm.h"
@@ -49,7 +50,53 @@ TEST_F(InputTest, AKeyGoesThroughFormControlFilterEditAndRelease) {
             (Log{"form down 88", "first down 88", "form press 120", "first up 88"}));
   // Pasting passes the same filter; it is no key.
   EXPECT_EQ(perform([](TestForm& form) { form.input().paste(U"xy\n1"); }),
-            (Log{"form press 120", "form press 121", "first=Y", "form press 49", "first=Y1", "first up 86"}));
+            (Log{"form press 120", "form press 121", "form press 49", "first=Y1", "first up 86"}));
+  EXPECT_EQ(perform([](TestForm& form) {
+              form.input().focus(form.combo);
+              form.log.clear();
+              form.combo.setItems({{"Ash", 1}, {"Asha", 2}});
+              form.input().paste(U"asha\r\n");
+            }),
+            (Log{"form press 97", "form press 115", "form press 104", "form press 97", "combo change asha",
+                 "combo click 1"}));
+}
+
+TEST_F(InputTest, ALongTextIsPastedInOneGoAsFarAsThereIsRoom) {
+  const std::u32string pasted = U"\u00E9" + std::u32string(79999, U'b');
+  int asked = 0;
+  prepare = [&](TestForm& form) {
+    form.first.Text = "\u00E9[\u00E9\u00E9]\u00E9";
+    form.first.KeyPress = [&](int& ascii) {
+      // Between the brackets stands what passed before.
+      EXPECT_EQ(form.first.SelStart(), ++asked + 1);
+      EXPECT_EQ(form.first.SelLength(), asked > 1 ? 0 : 2);
+      if (ascii == 'c') throw std::runtime_error("no c");
+    };
+  };
+  const auto started = std::chrono::steady_clock::now();
+  perform([&](TestForm& form) {
+    form.first.Select(2, 2);
+    form.input().paste(pasted);
+    EXPECT_EQ(form.first.Text().size(), 80007U);
+    EXPECT_TRUE(form.first.Text().starts_with("\u00E9[\u00E9bb"));
+    EXPECT_TRUE(form.first.Text().ends_with("bb]\u00E9"));
+    EXPECT_EQ(form.first.SelStart(), 80002);
+  });
+  EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(5));
+  EXPECT_EQ(asked, 80000);
+  asked = 0;
+  EXPECT_EQ(perform([&](TestForm& form) {
+              form.first.MaxLength = 6;
+              form.first.Select(2, 2);
+              form.input().paste(U"\n1\n234");
+              form.first.MaxLength = 7;
+              asked = 2;
+              form.first.Select(4, 0);
+              form.input().paste(U"cd");
+              form.first.Locked = true;
+              form.input().paste(U"e");
+            }),
+            (Log{"first=\u00E9[12]\u00E9", "first up 86", "message Title: no c", "first up 86"}));
 }
 
 TEST_F(InputTest, KeysEditTheSelection) {

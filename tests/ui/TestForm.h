@@ -35,6 +35,7 @@ class TestDesktop : public Desktop {
     return Answer::Ok;
   }
   MenuItem* showMenu(Form&, const PopupMenu& menu) override { return menu.items().front(); }
+  void beep() override { log.push_back("beep"); }
   [[nodiscard]] std::string applicationFolder() const override { return "."; }
 };
 
