@@ -29,7 +29,7 @@ class TextBox : public Control {
   [[nodiscard]] int SelStart() const { return selection_.start(); }
   [[nodiscard]] int SelLength() const { return selection_.length(); }
   [[nodiscard]] std::string SelText() const;
-  void Select(int start, int length);  ///< Clipped to the text.
+  void Select(int start, int count);  ///< Clipped to the text.
   void SelectAll();
 
   [[nodiscard]] std::optional<std::string> propertyText(std::string_view property) const override;
