@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -55,6 +56,10 @@ class RandomClerk : public ui::Clerk {
       return ui::Answer::Ok;
     }
     const bool yes = !leaving_ && chance(2);
+    if (message.text == "What was changed for this employee is not stored. Go on without it?") {
+      wentOn_ = yes;
+      return yes ? ui::Answer::Yes : ui::Answer::No;
+    }
     if (message.style == ui::MessageStyle::AskQuestionNo) {
       takeDown(message.text);
       declined_ = !yes;
@@ -226,19 +231,11 @@ class RandomClerk : public ui::Clerk {
 
   void enterMonth(frmpayslate& entry) {
     entry_ = &entry;
-    leaving_ = refreshed_ = declined_ = false;
+    leaving_ = declined_ = false;
     asked_.clear();
     for (int index = 0; index < entry.cboEmpname.ListCount(); ++index)
       if (entry.cboEmpname.ItemData(index) == employee) entry.input().choose(entry.cboEmpname, index);
-    std::string types;
-    for (const Kind kind : allLists) known_[kind] = shown(kind);
-    for (const Kind kind : payLists) {
-      standing_[kind] = standing(known_[kind]);
-      for (const Row& row : known_[kind]) types += row.type;
-    }
-    const bool fresh = entry.cboEmpname.Enabled();
-    require(!fresh || (types == "YYNBDDLLSSO" && known_[Facilities].size() == 3), "not the employee's rows");
-    totals_ = totalsOf(entry);
+    learnMonth();
     for (int step = 0; step < stepsOfAMonth && !failed_; ++step) {
       takeStep();
       check();
@@ -246,14 +243,51 @@ class RandomClerk : public ui::Clerk {
     leave();
   }
 
+  void learnMonth() {
+    refreshed_ = false;
+    std::string types;
+    for (const Kind kind : allLists) known_[kind] = shown(kind);
+    for (const Kind kind : payLists) {
+      standing_[kind] = standing(known_[kind]);
+      for (const Row& row : known_[kind]) types += row.type;
+    }
+    const bool fresh = entry_->cboEmpname.Enabled();
+    require(!fresh || (types == "YYNBDDLLSSO" && known_[Facilities].size() == 3), "not the employee's rows");
+    totals_ = totalsOf(*entry_);
+    loaded_ = known_;
+    loadedPay_ = cents(entry_->txtBasicPay.Text());
+  }
+
+  // To the next employee and back: what was changed is gone on Yes alone, and asked for whenever there is
+  // something.
+  void moveAway() {
+    ui::ComboBox& employees = entry_->cboEmpname;
+    if (!employees.Enabled()) return;  // An opened entry would be left for good.
+    const int own = employees.ListIndex();
+    const bool changed = known_ != loaded_ || cents(entry_->txtBasicPay.Text()) != loadedPay_;
+    wentOn_.reset();
+    tell("page down");
+    entry_->input().key({ui::KeyCode::PageDown});
+    require(wentOn_.has_value() || !changed, "changes were dropped without a question");
+    const bool stays = wentOn_ && !*wentOn_;
+    require((employees.ListIndex() == own) == stays, "the clerk is not where he answered to be");
+    if (stays) return;
+    entry_->input().choose(employees, own);
+    const std::array<Rows, 3> before = loaded_;
+    learnMonth();
+    require(loaded_ == before, "a month comes back changed");
+  }
+
   void takeStep() {
-    switch (below(12)) {
+    switch (below(13)) {
       case 0:
         return refreshFormulas();
       case 1:
         return retypeBasicPay();
       case 2:
         return entry_->input().turnPage(entry_->tabpayslate, currencyPage);
+      case 3:
+        return moveAway();
       default:
         return workOnList(allLists[below(allLists.size())]);
     }
@@ -419,7 +453,10 @@ class RandomClerk : public ui::Clerk {
   frmpayslate* entry_ = nullptr;
   std::array<Rows, 3> known_;     // the lists as they must be
   std::array<Rows, 2> standing_;  // as they were loaded
-  Totals totals_;                 // as they must be stated
+  std::array<Rows, 3> loaded_;
+  Cents loadedPay_ = 0;
+  std::optional<bool> wentOn_;  // without what was changed, when asked
+  Totals totals_;               // as they must be stated
   bool refused_ = false;
   bool deleted_ = false;
   bool saving_ = false;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "component/BasPaySlate.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Form.h"
@@ -177,6 +178,8 @@ std::vector<std::string> workOf(const DemoPayroll& payroll) {
 
 TEST(WholeCompany, TablesWithoutIndexesHoldTheSameMonth) {
   const std::vector<std::string> expected = workOf(DemoPayroll());
+  basPaySlate().adocon(
+      nullptr);  // The session outlives its show, and on a server the first month would stay.
   const DemoPayroll bare;
   bare.dropIndexes();
   const std::vector<std::string> lines = workOf(bare);
