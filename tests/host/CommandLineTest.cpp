@@ -91,9 +91,10 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
   } cases[] = {
       {{}, "A command is missing"},
       {{"--colour"}, "--colour"},
-      {{"frobnicate"}, "frobnicate"},
+      {{"secret"}, "There is no such command; use demo"},
       {{"demo", "--colour"}, "--colour"},
-      {{"demo", "extra"}, "extra"},
+      {{"demo", "secret"}, "A word of the command line is not expected"},
+      {{"demo", "--pwd=secret", "--colour", "secret", "-Psecret"}, "no option --pwd, --colour, -P."},
       {{"demo", "--database", "notes.txt"}, "notes.txt"},
       {{"demo", "--database", "none/demo.db"}, "none/demo.db"},
       {{"demo", "--database", "payroll.db"}, "no company 1"},
@@ -120,8 +121,8 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {showing("payroll;UID=clerk;PWD=secret"), "payroll does not exist"},
       {{"init", "--connect", "pay.example,1433;PWD=secret"}, "'PWD' of the connection string"},
       {{"init", "--connect", "a.db", "DSN=pay;password = {sec;ret}secret"},
-       "not expected: DSN=pay;password = ***"},
-      {{"DSN=pay;Pwd=secret"}, "no command DSN=pay;Pwd=***; use"},
+       "A word of the command line is not expected"},
+      {{"DSN=pay;Pwd=secret"}, "There is no such command; use"},
       {{"errand", "DSN=pay;PWD=secret"}, "DSN=pay;PWD=***"},
   };
   const auto before = contents();
@@ -136,6 +137,15 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
     EXPECT_TRUE(outcome.err.ends_with(".\n") && !outcome.err.ends_with("..\n")) << outcome.err;
     EXPECT_EQ(contents(), before) << one.sentence;
   }
+}
+
+// Killed in its first moments, creating leaves an empty file.
+TEST_F(CommandLine, AnEmptyFileIsTakenOver) {
+  write("init.db", "");
+  EXPECT_EQ(call({"init", "--connect", "init.db"}).code, 0);
+  EXPECT_EQ(valueOf("init.db", "select count(*) from pemployee"), "0");
+  write("demo.db", "");
+  EXPECT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
 }
 
 TEST_F(CommandLine, HelpIsNoFailure) {
