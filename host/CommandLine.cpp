@@ -125,6 +125,18 @@ bool isCommand(const CLI::App& app, const std::string& word) {
                      [&word](const CLI::App* command) { return command->get_name() == word; });
 }
 
+// Of what is not understood only the names of options are repeated: a bare word may be a password.
+std::string unexpected(const CLI::App& app) {
+  std::string names;
+  for (const std::string& word : app.remaining(true)) {
+    if (!word.starts_with('-')) continue;
+    constexpr std::size_t shortName = 2;  // Its value may follow at once.
+    names +=
+        (names.empty() ? "" : ", ") + word.substr(0, word.starts_with("--") ? word.find('=') : shortName);
+  }
+  return names.empty() ? "A word of the command line is not expected" : "There is no option " + names;
+}
+
 // One line; what stood on a line of its own is a sentence of its own.
 std::string sentence(const std::string& text) {
   std::string result;
@@ -151,13 +163,14 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     return static_cast<int>(commands.perform());
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error, out, err);
-    problem = error.what();
-    if (argc > 1 && !isCommand(app, argv[1]))
-      problem = "There is no command " + std::string(argv[1]) + "; use demo, init, errand or show, or --help";
+    const bool extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+    problem = extra ? unexpected(app) : error.what();
+    if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
+      problem = "There is no such command; use demo, init, errand or show, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }
-  // A mistyped command repeats what was typed.
+  // A connection string in the place of a file is repeated.
   err << "payroll-host: " << sentence(ado::blotSecrets(problem)) << '\n';
   return static_cast<int>(ExitCode::Refused);
 }

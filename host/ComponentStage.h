@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "payslate/clspayslate.h"
 #include "host/Database.h"
+#include "payslate/clspayslate.h"
 #include "platform/scripted/Stage.h"
 
 namespace payslate::host {

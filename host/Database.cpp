@@ -66,18 +66,41 @@ std::string linkedTable(ado::Connection& connection, const std::string& logical)
   return rows.Eof() ? logical : rows.Fields(0).Text();
 }
 
-// The embedded engine keeps two more files beside the database while it is open.
-void removeDatabase(const std::filesystem::path& path) {
-  std::error_code ignored;
-  for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + ending, ignored);
-}
+/// A file that is made for a database; goes again unless the database was filled.
+class NewFile {
+ public:
+  explicit NewFile(const std::string& connect)
+      : path_(isUnmadeFile(connect) ? ado::ConnectionString(connect).path() : "") {}
+  ~NewFile() {
+    if (path_.empty()) return;
+    std::error_code
+        ignored;  // The embedded engine keeps two more files beside the database while it is open.
+    for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path_ + ending, ignored);
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
 
-}  // namespace
+  [[nodiscard]] bool isMade() const { return !path_.empty(); }
+  void keep() { path_.clear(); }
+
+ private:
+  std::string path_;
+};
 
 bool isMissingFile(const std::string& connect) {
   const ado::ConnectionString parsed(connect);
   std::error_code unknown;
   return parsed.isPath() && !parsed.isInMemory() && !std::filesystem::exists(parsed.path(), unknown);
+}
+
+}  // namespace
+
+bool isUnmadeFile(const std::string& connect) {
+  const ado::ConnectionString parsed(connect);
+  std::error_code unknown;
+  return isMissingFile(connect) ||
+         (parsed.isPath() && std::filesystem::is_regular_file(parsed.path(), unknown) &&
+          std::filesystem::file_size(parsed.path(), unknown) == 0);
 }
 
 SharedConnection openDatabase(const std::string& connect) {
@@ -97,17 +120,21 @@ SharedConnection openPayroll(const std::string& connect) {
 
 SharedConnection createPayroll(const std::string& connect,
                                const std::function<void(ado::Connection&)>& fill) {
-  const bool makesFile = isMissingFile(connect);
-  SharedConnection connection = open(connect, makesFile ? connect + ado::createFile : connect);
-  if (holdsPayroll(*connection)) throw Refusal(nameOf(connect) + " holds payroll tables already.");
+  NewFile file(connect);  // Goes after the connection.
+  SharedConnection connection = open(connect, file.isMade() ? connect + ado::createFile : connect);
+  const auto refuseFilled = [&] {
+    if (!holdsPayroll(*connection)) return;
+    file.keep();
+    throw Refusal(nameOf(connect) + " holds payroll tables already.");
+  };
+  refuseFilled();
   try {
     fill(*connection);
   } catch (const std::exception& error) {
-    const std::string reason = error.what();
-    connection->Close();
-    if (makesFile) removeDatabase(ado::ConnectionString(connect).path());
-    refuse(nameOf(connect) + " was not set up", reason);
+    refuseFilled();  // Somebody else was faster.
+    refuse(nameOf(connect) + " was not set up", error.what());
   }
+  file.keep();
   return connection;
 }
 

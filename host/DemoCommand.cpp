@@ -32,7 +32,7 @@ scripted::HostSession demoSession() {
 }
 
 SharedConnection demoDatabase(const std::string& path, std::ostream& out) {
-  if (!isMissingFile(path)) return openPayroll(path);
+  if (!isUnmadeFile(path)) return openPayroll(path);
   SharedConnection connection = createPayroll(path, schema::createDemo);
   out << "The demo companies are created in " << path << ".\n";
   return connection;

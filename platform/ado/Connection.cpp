@@ -29,7 +29,7 @@ void Connection::Close() {
   const std::shared_ptr<OpenDatabase> closing = std::move(database_);
   database_.reset();
   closing->dropCursors("the connection was closed");
-  if (closing->inTransaction) closing->provider->rollback();
+  if (closing->provider->inTransaction()) closing->provider->rollback();
 }
 
 ObjectState Connection::State() const {
@@ -49,29 +49,21 @@ Recordset Connection::Execute(const std::string& commandText) {
 }
 
 void Connection::BeginTrans() {
-  OpenDatabase& open = database("begin a transaction");
-  if (open.inTransaction) throw Error("A transaction is open already", "25001");
-  open.provider->begin();
-  open.inTransaction = true;
+  database("begin a transaction").provider->begin();
 }
 
 void Connection::CommitTrans() {
-  OpenDatabase& open = database("commit");
-  if (!open.inTransaction) throw Error("There is no transaction to commit", "25000");
-  open.provider->commit();
-  open.inTransaction = false;
+  database("commit").provider->commit();
 }
 
 void Connection::RollbackTrans() {
   OpenDatabase& open = database("roll back");
-  if (!open.inTransaction) throw Error("There is no transaction to roll back", "25000");
-  open.dropCursors("the transaction was rolled back");
+  if (open.provider->inTransaction()) open.dropCursors("the transaction was rolled back");
   open.provider->rollback();
-  open.inTransaction = false;
 }
 
 bool Connection::InTransaction() const {
-  return database_ && database_->inTransaction;
+  return database_ && database_->provider->inTransaction();
 }
 
 }  // namespace payslate::ado

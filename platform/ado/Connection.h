@@ -39,6 +39,8 @@ class Connection {
   void CommitTrans();  ///< When it fails, the transaction is still open: roll it back.
   /// Recordsets open on the connection keep the rows they have read and fail where they need another.
   void RollbackTrans();
+  /// Also when a failure made the database end the transaction by itself: until RollbackTrans, everything
+  /// that is asked for repeats that failure, so that nobody carries on and stores the half.
   [[nodiscard]] bool InTransaction() const;
 
   /// Told of every statement that is sent, before it is: texts, and "insert TABLE" or "update TABLE" for rows

@@ -18,7 +18,6 @@ struct CursorSlot {
 /// Ends with the connection's Close: recordsets hold it weakly.
 struct OpenDatabase {
   std::unique_ptr<Provider> provider;
-  bool inTransaction = false;
 
   std::shared_ptr<CursorSlot> keep(std::unique_ptr<Cursor> cursor);
   /// Cursors outlive neither a rollback nor the provider.

@@ -39,7 +39,7 @@ struct Assignment {
 };
 
 /// One open database. Every failure is an ado::Error, after which the provider stays usable; in a transaction
-/// perhaps for a rollback alone.
+/// that the failure ended, or may have ended, for a rollback alone: all else repeats the failure.
 class Provider {
  public:
   virtual ~Provider() = default;
@@ -52,10 +52,12 @@ class Provider {
   /// does not tell.
   [[nodiscard]] virtual std::optional<std::uint64_t> changedRows() const { return std::nullopt; }
 
-  virtual void begin() = 0;
+  virtual void begin() = 0;   ///< Error when a transaction is open already; likewise below when none is.
   virtual void commit() = 0;  ///< When it fails, the transaction is still open.
-  /// A database that cannot be reached any more has rolled back by itself: no error.
+  /// A database that has rolled back by itself, or cannot be reached any more: no error.
   virtual void rollback() = 0;
+  /// From begin to commit or rollback, whatever the database did meanwhile.
+  [[nodiscard]] virtual bool inTransaction() const = 0;
 
   /// The table behind a statement of the form "select * from TABLE [where …]", whose rows a recordset may add
   /// and rewrite; nothing when `statement` does not read all columns of exactly one table. Reads no row.

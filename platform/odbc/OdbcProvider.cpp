@@ -42,6 +42,7 @@ class OdbcProvider final : public ado::Provider {
   void begin() override { session_.begin(); }
   void commit() override { session_.commit(); }
   void rollback() override { session_.rollback(); }
+  [[nodiscard]] bool inTransaction() const override { return session_.inTransaction(); }
 
   std::optional<std::string> baseTable(std::string_view statement) override {
     return selectedTable(statement);

@@ -24,10 +24,6 @@ SQLWCHAR* units(std::u16string& text) {
   return reinterpret_cast<SQLWCHAR*>(text.data());
 }
 
-[[noreturn]] void refuse(const char* sentence, const char* sqlState) {
-  throw ado::Error(sentence, sqlState, "payslate.odbc");
-}
-
 /// Keys and names are refused without touching the transaction. Of anything else it cannot be told from here.
 bool leavesTransaction(const ado::Error& error) {
   constexpr const char* states[] = {"23", "42S", "S00"};
@@ -43,7 +39,7 @@ ServerSession::~ServerSession() {
   // Cursors that are still about give their statements back here, before the connection goes.
   for (ResultCursor* cursor : std::exchange(cursors_, {})) cursor->detach();
   try {
-    if (inTransaction_) rollback();
+    if (inTransaction()) rollback();
   } catch (const ado::Error&) {
     // The server rolls back what a connection leaves open.
   }
@@ -52,14 +48,14 @@ ServerSession::~ServerSession() {
 void ServerSession::check(std::int16_t code, const Handle& handle) {
   if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return;
   const ado::Error error = link_.error(handle);
-  if (inTransaction_ && !failure_ && !leavesTransaction(error)) failure_ = error;
+  if (!leavesTransaction(error)) transaction_.endedBy(error);
   throw error;
 }
 
 std::unique_ptr<Handle> ServerSession::newStatement() {
   returnToAutoCommit();
   if (link_.servesOneStatementAtATime()) settleCursors();
-  refuseAfterFailure();
+  transaction_.refuseAfterFailure();
   return link_.newStatement();
 }
 
@@ -140,27 +136,27 @@ std::vector<std::string> ServerSession::keyColumns(const std::string& table) {
 }
 
 void ServerSession::begin() {
-  if (inTransaction_) refuse("A transaction is open already.", "25001");
+  transaction_.requireNone();
   returnToAutoCommit();
   settleCursors();
   check(link_.setAutoCommit(false), link_.handle());
   autoCommit_ = false;
-  inTransaction_ = true;
+  transaction_.begin();
 }
 
 void ServerSession::commit() {
-  if (!inTransaction_) refuse("There is no transaction to commit.", "25000");
+  transaction_.requireOpen("commit");
   settleCursors();
-  refuseAfterFailure();
+  transaction_.refuseAfterFailure();
   if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.handle().get(), SQL_COMMIT))) {
-    failure_ = link_.error(link_.handle(), Doing::Committing);
-    throw *failure_;
+    transaction_.endedBy(link_.error(link_.handle(), Doing::Committing));
+    transaction_.refuseAfterFailure();
   }
   leaveTransaction();
 }
 
 void ServerSession::rollback() {
-  if (!inTransaction_) refuse("There is no transaction to roll back.", "25000");
+  transaction_.requireOpen("roll back");
   if (!link_.isLost()) {
     settleCursors();
     if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.handle().get(), SQL_ROLLBACK))) {
@@ -172,18 +168,13 @@ void ServerSession::rollback() {
   leaveTransaction();
 }
 
-void ServerSession::refuseAfterFailure() const {
-  if (failure_) throw *failure_;
-}
-
 void ServerSession::settleCursors() {
   for (ResultCursor* cursor : std::set<ResultCursor*>(cursors_)) cursor->settle();
 }
 
 // The transaction has ended, whatever becomes of this: the next request tries again, and reports.
 void ServerSession::leaveTransaction() {
-  inTransaction_ = false;
-  failure_.reset();
+  transaction_.end();
   try {
     returnToAutoCommit();
   } catch (const ado::Error&) {
@@ -194,7 +185,7 @@ void ServerSession::leaveTransaction() {
 // On the way back drivers roll back what they take for open. Where the server has done it already they fail
 // and stay: they are given something to roll back.
 void ServerSession::returnToAutoCommit() {
-  if (autoCommit_ || inTransaction_) return;
+  if (autoCommit_ || inTransaction()) return;
   try {
     check(link_.setAutoCommit(true), link_.handle());
   } catch (const ado::Error& error) {

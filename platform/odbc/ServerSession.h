@@ -3,13 +3,13 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/ado/Error.h"
+#include "platform/ado/TransactionState.h"
 #include "platform/basic/Value.h"
 #include "platform/odbc/Link.h"
 
@@ -41,13 +41,11 @@ class ServerSession {
   /// Columns of a table's primary key, in their order.
   std::vector<std::string> keyColumns(const std::string& table);
 
-  /// After a failure, other than of a key or a name, a server may have ended the transaction by itself, and
-  /// would store what comes next on its own: until `rollback`, everything that is asked for repeats the
-  /// failure.
+  /// A server may have ended the transaction by any failure other than of a key or a name.
   void begin();
   void commit();
   void rollback();  ///< A lost connection, or a server that has done it already, is no error.
-  [[nodiscard]] bool inTransaction() const { return inTransaction_; }
+  [[nodiscard]] bool inTransaction() const { return transaction_.isOpen(); }
 
   [[nodiscard]] bool isWide() const { return link_.isWide(); }
   [[nodiscard]] std::string quoted(const std::string& name) const { return link_.quoted(name); }
@@ -62,15 +60,13 @@ class ServerSession {
   std::unique_ptr<Handle> newStatement();
   std::int16_t send(const Handle& statement, std::string_view text) const;
   void settleCursors();
-  void refuseAfterFailure() const;
   void returnToAutoCommit();
   void leaveTransaction();
 
   Link link_;
   std::set<ResultCursor*> cursors_;
-  bool inTransaction_ = false;
-  bool autoCommit_ = true;             ///< Of the driver; outside of transactions it must be.
-  std::optional<ado::Error> failure_;  ///< What may have ended the open transaction.
+  ado::TransactionState transaction_;
+  bool autoCommit_ = true;  ///< Of the driver; outside of transactions it must be.
 };
 
 }  // namespace payslate::odbc

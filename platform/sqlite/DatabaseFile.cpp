@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t mostIdleStatements = 256;
 constexpr const char* source = "payslate.sqlite";
+constexpr int mostBytesOfText = 1 << 24;
 constexpr int primaryCodeMask = 0xff;
 
 std::string afterColon(const std::string& message) {
@@ -133,6 +134,7 @@ DatabaseFile::DatabaseFile(const std::string& path, bool create, int busyMillise
     // A quoted name that does not exist is an error, and never a text.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_limit(handle_, SQLITE_LIMIT_LENGTH, mostBytesOfText);
     neverFilterByHash(handle_);
     registerFunctions(handle_, *this);
   } catch (...) {
@@ -149,6 +151,7 @@ DatabaseFile::~DatabaseFile() {
 }
 
 std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
+  transaction_.refuseAfterFailure();
   if (const auto found = idle_.find(sql); found != idle_.end()) {
     sqlite3_stmt* handle = found->second;
     idle_.erase(found);
@@ -174,7 +177,19 @@ void DatabaseFile::dropIdleStatements() {
   idle_.clear();
 }
 
+void DatabaseFile::refuseLostFile() const {
+  int lost = 0;  // Stays so where a system does not let go of open files, and for a database in memory.
+  sqlite3_file_control(handle_, "main", SQLITE_FCNTL_HAS_MOVED, &lost);
+  if (lost == 0) return;
+  throw ado::Error(
+      "The database file '" + std::string(sqlite3_db_filename(handle_, "main")) +
+          "' was deleted, moved or replaced while it was open: nothing is stored until it is back "
+          "or opened again.",
+      "08S01", source);
+}
+
 void DatabaseFile::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
+  refuseLostFile();
   const std::unique_ptr<Statement> statement = prepare(sql);
   statement->bind(values);
   try {
@@ -204,7 +219,30 @@ bool DatabaseFile::isReadOnly() const {
   return sqlite3_db_readonly(handle_, "main") == 1;
 }
 
-bool DatabaseFile::inTransaction() const {
+void DatabaseFile::begin() {
+  transaction_.requireNone();
+  run("BEGIN IMMEDIATE");
+  transaction_.begin();
+}
+
+void DatabaseFile::commit() {
+  transaction_.requireOpen("commit");
+  run("COMMIT");
+  transaction_.end();
+}
+
+void DatabaseFile::rollback() {
+  transaction_.requireOpen("roll back");
+  settleCursors();
+  try {
+    if (holdsTransaction()) prepare("ROLLBACK")->step();
+  } catch (const ado::Error&) {
+    if (holdsTransaction()) throw;
+  }
+  transaction_.end();
+}
+
+bool DatabaseFile::holdsTransaction() const {
   return sqlite3_get_autocommit(handle_) == 0;
 }
 
@@ -213,6 +251,12 @@ void DatabaseFile::settleCursors() {
 }
 
 ado::Error DatabaseFile::error(int code) {
+  ado::Error failure = described(code);
+  if (inTransaction() && !holdsTransaction()) transaction_.endedBy(failure);
+  return failure;
+}
+
+ado::Error DatabaseFile::described(int code) {
   if (functionError) {
     ado::Error thrown = toAdoError(*functionError);
     functionError.reset();
@@ -227,6 +271,10 @@ ado::Error DatabaseFile::error(int code) {
       return made(constraintSentence(code, message), tsql::state::constraint);
     case SQLITE_BUSY:
       return made("The database is locked by another user. Try again in a moment.", "HYT00");
+    case SQLITE_CORRUPT:
+      return made("The database file is damaged.", tsql::state::general);
+    case SQLITE_TOOBIG:
+      return made("A text is longer than the database can hold.", tsql::state::truncation);
     case SQLITE_NOTADB:
       return made("The file is not a database.", tsql::state::general);
     case SQLITE_CANTOPEN:
@@ -235,6 +283,9 @@ ado::Error DatabaseFile::error(int code) {
       return made("The database file cannot be written.", "25006");
     case SQLITE_FULL:
       return made("The disk is full.", tsql::state::general);
+    case SQLITE_IOERR:
+      if (code == SQLITE_IOERR_SHMSIZE) return made("The disk is full.", tsql::state::general);
+      return made("The disk cannot be read or written (" + message + ").", tsql::state::general);
     default:
       break;
   }

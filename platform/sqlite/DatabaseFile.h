@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/ado/Error.h"
+#include "platform/ado/TransactionState.h"
 #include "platform/tsql/Cell.h"
 #include "platform/tsql/SqlError.h"
 
@@ -53,13 +54,21 @@ class DatabaseFile {
 
   /// Statements are prepared once by text and used again. ado::Error when the database refuses it.
   std::unique_ptr<Statement> prepare(const std::string& sql);
-  /// Runs a statement that returns no rows.
+  /// Runs a statement that returns no rows. ado::Error where the file is no longer the one at its path: what
+  /// is written to it then is lost with it.
   void run(const std::string& sql, const std::vector<tsql::Cell>& values = {});
   std::int64_t number(const std::string& sql);  ///< The one number that it gives.
   [[nodiscard]] std::int64_t changedRows() const;
   /// May the file be read alone?
   [[nodiscard]] bool isReadOnly() const;
-  [[nodiscard]] bool inTransaction() const;
+
+  void begin();  ///< Takes the write lock.
+  void commit();
+  void rollback();
+  [[nodiscard]] bool inTransaction() const { return transaction_.isOpen(); }
+  /// Does the database itself stand in a transaction? It ends one by itself, where a disk is full for
+  /// instance.
+  [[nodiscard]] bool holdsTransaction() const;
 
   /// Cursors that are between two rows hold a view of the past, which must not stand in the way of a write:
   /// their remaining rows are read into memory.
@@ -68,15 +77,19 @@ class DatabaseFile {
   void leave(RowCursor& cursor) { cursors_.erase(&cursor); }
   void dropIdleStatements();
 
-  /// The error behind a failed call of the database.
+  /// The error behind a failed call of the database. Where the failure ended the open transaction, all that
+  /// is asked for until `rollback` repeats it.
   [[nodiscard]] ado::Error error(int code);
   std::optional<tsql::SqlError> functionError;  ///< What a run-time function threw, until it is reported.
 
  private:
   friend class Statement;
   void giveBack(const std::string& sql, sqlite3_stmt* handle);
+  [[nodiscard]] ado::Error described(int code);
+  void refuseLostFile() const;
 
   sqlite3* handle_ = nullptr;
+  ado::TransactionState transaction_;
   std::multimap<std::string, sqlite3_stmt*, std::less<>> idle_;
   std::set<RowCursor*> cursors_;
 };

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/sqlite/DatabaseFile.h"
+#include "platform/sqlite/Values.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Runtime.h"
 #include "platform/tsql/Text.h"
@@ -66,9 +67,11 @@ void guarded(sqlite3_context* context, DatabaseFile& file, Body body) {
   } catch (const tsql::SqlError& error) {
     file.functionError = error;
     sqlite3_result_error(context, error.what(), -1);
-  } catch (const std::exception& error) {
-    file.functionError = tsql::SqlError(tsql::state::general, error.what());
-    sqlite3_result_error(context, error.what(), -1);
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  } catch (const std::exception&) {
+    file.functionError = tsql::SqlError(tsql::state::general, damagedValue);
+    sqlite3_result_error(context, damagedValue, -1);
   }
 }
 

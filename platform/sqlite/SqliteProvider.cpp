@@ -74,14 +74,14 @@ class SqliteProvider : public ado::Provider {
       if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
       file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
       StoredCatalog::prepare(file_);
+      file_.run("PRAGMA journal_mode = WAL");
+      file_.run("PRAGMA synchronous = FULL");
+      StoredCatalog::describe(file_);
+      reload();
     } catch (const ado::Error& error) {
       throw ado::Error("'" + options.path + "' cannot be opened: " + error.Description, "08001", source,
                        error.Number, error.NativeError);
     }
-    file_.run("PRAGMA journal_mode = WAL");
-    file_.run("PRAGMA synchronous = FULL");
-    StoredCatalog::describe(file_);
-    reload();
   }
 
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
@@ -103,23 +103,19 @@ class SqliteProvider : public ado::Provider {
     return static_cast<std::uint64_t>(file_.changedRows());
   }
 
-  void begin() override {
-    if (file_.inTransaction()) refuse("A transaction is open already.", "25001");
-    file_.run("BEGIN IMMEDIATE");
-  }
+  void begin() override { file_.begin(); }
 
   void commit() override {
-    if (!file_.inTransaction()) refuse("There is no transaction to commit.", "25000");
-    file_.run("COMMIT");
+    file_.commit();
     schemaTouched_ = false;
   }
 
   void rollback() override {
-    if (!file_.inTransaction()) refuse("There is no transaction to roll back.", "25000");
-    file_.settleCursors();
-    file_.run("ROLLBACK");
+    file_.rollback();
     if (std::exchange(schemaTouched_, false)) reload();
   }
+
+  [[nodiscard]] bool inTransaction() const override { return file_.inTransaction(); }
 
   std::optional<std::string> baseTable(std::string_view statement) override {
     const std::shared_ptr<const tsql::Translation> translation = translated(statement);
@@ -216,12 +212,14 @@ class SqliteProvider : public ado::Provider {
       StoredCatalog::record(file_, *translation.change);
       const std::int64_t next = file_.number("PRAGMA user_version") + 1;
       file_.run("PRAGMA user_version = " + std::to_string(next));
+      file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     } catch (const ado::Error&) {
-      file_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
-      if (inside) file_.run("RELEASE schema_change");
+      if (file_.holdsTransaction()) {
+        file_.run(inside ? "ROLLBACK TO schema_change" : "ROLLBACK");
+        if (inside) file_.run("RELEASE schema_change");
+      }
       throw;
     }
-    file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     schemaTouched_ = inside;
     reload();
   }

@@ -1,6 +1,7 @@
 // Two tables: objects, and the columns of tables with their Transact-SQL types.
 #include "platform/sqlite/StoredCatalog.h"
 
+#include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Parser.h"
 #include "platform/tsql/TokenStream.h"
@@ -50,6 +51,33 @@ const char* kindName(tsql::ObjectKind kind) {
       return "index";
   }
   return "";
+}
+
+[[noreturn]] void damaged(const std::string& object) {
+  throw ado::Error("The catalog of the database is damaged at '" + object + "'.", tsql::state::general,
+                   "payslate.sqlite");
+}
+
+std::string text(const Statement& row, std::size_t column) {
+  const Cell cell = row.column(column);
+  const auto* value = std::get_if<std::string>(&cell);
+  if (value == nullptr) damaged(tsql::textOf(row.column(0)));  // The key of the row.
+  return *value;
+}
+
+std::int64_t number(const Statement& row, std::size_t column) {
+  const Cell cell = row.column(column);
+  const auto* value = std::get_if<std::int64_t>(&cell);
+  if (value == nullptr) damaged(text(row, 0));
+  return *value;
+}
+
+tsql::Type storedType(const std::string& type, const std::string& object) {
+  try {
+    return tsql::parseType(type);
+  } catch (const tsql::SqlError&) {
+    damaged(object);
+  }
 }
 
 template <typename Map>
@@ -105,30 +133,29 @@ void StoredCatalog::load(DatabaseFile& file) {
   tables_[tsql::lowerWord(tablesView)] = tablesViewInfo();
   views_.clear();
   procedures_.clear();
-  const auto text = [](const Statement& row, std::size_t column) {
-    return std::get<std::string>(row.column(column));
-  };
-  const auto number = [](const Statement& row, std::size_t column) {
-    return std::get<std::int64_t>(row.column(column));
-  };
   const auto objects = file.prepare("SELECT key, kind, name, text FROM catalog_objects");
   while (objects->step()) {
     const std::string kind = text(*objects, 1);
+    const std::string name = text(*objects, 2);
     if (kind == kindName(tsql::ObjectKind::Table)) {
-      tables_[text(*objects, 0)].name = text(*objects, 2);
+      tables_[text(*objects, 0)].name = name;
     } else if (kind == kindName(tsql::ObjectKind::View)) {
       views_[text(*objects, 0)] = text(*objects, 3);
-    } else {
+    } else if (kind == kindName(tsql::ObjectKind::Procedure)) {
       procedures_[text(*objects, 0)] = text(*objects, 3);
+    } else {
+      damaged(name);
     }
   }
   const auto columns = file.prepare(
       "SELECT object, name, type, not_null, key_position FROM catalog_columns ORDER BY object, ordinal");
   while (columns->step()) {
-    tables_[text(*columns, 0)].columns.push_back({text(*columns, 1), tsql::parseType(text(*columns, 2)),
-                                                  number(*columns, 3) != 0,
-                                                  static_cast<int>(number(*columns, 4))});
+    const std::string key = text(*columns, 0);
+    tables_[key].columns.push_back({text(*columns, 1), storedType(text(*columns, 2), key),
+                                    number(*columns, 3) != 0, static_cast<int>(number(*columns, 4))});
   }
+  for (const auto& [key, table] : tables_)
+    if (table.name.empty() || table.columns.empty()) damaged(key);
 }
 
 void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change) {

@@ -3,9 +3,12 @@
 
 #include <cmath>
 
+#include "platform/ado/Error.h"
+#include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/DateTime.h"
+#include "platform/tsql/SqlError.h"
 
 namespace payslate::sqlite {
 
@@ -27,6 +30,24 @@ std::int64_t toMoment(basic::Date date) {
   const double fraction = std::abs(date.serial() - whole);
   return (static_cast<std::int64_t>(whole) - zeroDayOffset) * tsql::millisecondsPerDay +
          static_cast<std::int64_t>(std::llround(fraction * day));
+}
+
+basic::Value valueOf(const tsql::Cell& cell, ado::ColumnType type) {
+  switch (type) {
+    case ado::ColumnType::Boolean:
+      return tsql::wholeOf(cell) != 0;
+    case ado::ColumnType::Integer:
+      return tsql::wholeOf(cell);
+    case ado::ColumnType::Decimal:
+      return tsql::decimalOf(cell);
+    case ado::ColumnType::Double:
+      return tsql::doubleOf(cell);
+    case ado::ColumnType::Date:
+      return toDate(tsql::wholeOf(cell));
+    case ado::ColumnType::Text:
+      break;
+  }
+  return tsql::textOf(cell);
 }
 
 struct TypedCell {
@@ -62,21 +83,11 @@ ado::ColumnType columnType(const tsql::Type& type) {
 
 basic::Value toValue(const tsql::Cell& cell, ado::ColumnType type) {
   if (tsql::isNull(cell)) return basic::Null{};
-  switch (type) {
-    case ado::ColumnType::Boolean:
-      return tsql::wholeOf(cell) != 0;
-    case ado::ColumnType::Integer:
-      return tsql::wholeOf(cell);
-    case ado::ColumnType::Decimal:
-      return tsql::decimalOf(cell);
-    case ado::ColumnType::Double:
-      return tsql::doubleOf(cell);
-    case ado::ColumnType::Date:
-      return toDate(tsql::wholeOf(cell));
-    case ado::ColumnType::Text:
-      break;
+  try {
+    return valueOf(cell, type);
+  } catch (const basic::ValueError&) {
+    throw ado::Error(damagedValue, tsql::state::general, "payslate.sqlite");
   }
-  return tsql::textOf(cell);
 }
 
 tsql::Cell toStored(const basic::Value& value, const tsql::ColumnInfo& column, const std::string& table) {

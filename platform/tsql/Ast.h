@@ -63,6 +63,7 @@ struct Expr {
   std::string source;         ///< Generated name of the table the column belongs to.
   int sourceDepth = 0;        ///< Nesting level of the query that reads that table.
   bool storedColumn = false;  ///< A column of a table itself, which carries its collation.
+  int expansion = 1;          ///< Operations that a derived column stands for.
   bool aggregate = false;     ///< This call folds rows.
 
   [[nodiscard]] bool isLiteral() const { return kind == ExprKind::Literal; }
@@ -114,6 +115,7 @@ struct OutputColumn {
   std::string name;
   Type type;
   bool storedColumn = false;
+  int expansion = 1;  ///< Operations behind it.
 };
 
 /// One select, or several joined by union; the order belongs to the whole.

@@ -122,6 +122,8 @@ void convertForComparison(ExprPtr& expr, const Type& type);
 /// Values of both kinds are stored in a way that compares without a conversion.
 bool comparesAsStored(const Type& left, const Type& right);
 bool sameExpression(const Expr& left, const Expr& right);
+/// Is it the same for every row, without a look at any?
+bool isConstant(const Expr& expr);
 [[noreturn]] void refuseOperand(const Expr& expr, const Type& type, const std::string& operation);
 
 }  // namespace payslate::tsql

@@ -108,6 +108,7 @@ void Binder::bindColumn(Expr& expr, Scope& scope) const {
     expr.sourceDepth = level->depth;
     expr.type = foundColumn->type;
     expr.storedColumn = foundColumn->storedColumn;
+    expr.expansion = foundColumn->expansion;
     return;
   }
   const std::string name = expr.qualifier.empty() ? expr.name : expr.qualifier + "." + expr.name;

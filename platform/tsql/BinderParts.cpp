@@ -1,4 +1,6 @@
 // Building blocks of the binder: new nodes, folding, and conversions.
+#include <algorithm>
+
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Runtime.h"
 #include "platform/tsql/TokenStream.h"
@@ -98,6 +100,13 @@ void convertForComparison(ExprPtr& expr, const Type& type) {
   Type target = type;
   if (type.kind == Kind::Decimal && expr->type.isWhole()) target = asDecimal(expr->type);
   convertTo(expr, target);
+}
+
+bool isConstant(const Expr& expr) {
+  if (expr.kind == ExprKind::Column || expr.query || expr.aggregate) return false;
+  if (expr.kind == ExprKind::Runtime && expr.name != "ts_raise" && !findRuntimeFunction(expr.name)->constant)
+    return false;
+  return std::all_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return isConstant(*arg); });
 }
 
 bool sameExpression(const Expr& left, const Expr& right) {

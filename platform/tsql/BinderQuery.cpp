@@ -13,6 +13,15 @@ bool constantPosition(const Expr& expr) {
   return expr.isLiteral() && expr.type.kind == Kind::Int && !isNull(expr.literal);
 }
 
+// The database puts what a derived column stands for in the place of its name, as often as it is named.
+constexpr int mostExpansion = 100'000;
+int expansionOf(const Expr& expr) {
+  int operations = expr.expansion;
+  for (const ExprPtr& arg : expr.args)
+    operations = std::min(mostExpansion + 1, operations + expansionOf(*arg));
+  return operations;
+}
+
 std::string itemName(const SelectItem& item) {
   if (!item.alias.empty()) return item.alias;
   return item.expr->kind == ExprKind::Column ? item.expr->name : "";
@@ -33,7 +42,12 @@ void Binder::bindQuery(Query& query, Scope* outer, bool nested) {
   }
   const SelectCore& first = query.cores.front();
   for (const SelectItem& item : first.items) {
-    query.columns.push_back({itemName(item), item.expr->type, item.expr->storedColumn});
+    const int expansion = expansionOf(*item.expr);
+    if (expansion > mostExpansion)
+      throw SqlError(state::syntax, item.expr->at,
+                     "The statement is too large: a column stands for more than " +
+                         std::to_string(mostExpansion) + " operations.");
+    query.columns.push_back({itemName(item), item.expr->type, item.expr->storedColumn, expansion});
   }
   if (query.cores.size() > 1) uniteColumns(query);
   if (nested && !query.order.empty() && !first.top) {
@@ -89,6 +103,7 @@ void Binder::expandStar(const SelectItem& star, const Scope& scope, std::vector<
       item.expr->source = source.sql;
       item.expr->sourceDepth = scope.depth;
       item.expr->storedColumn = column.storedColumn;
+      item.expr->expansion = column.expansion;
       items.push_back(std::move(item));
     }
   }
@@ -99,9 +114,8 @@ void Binder::expandStar(const SelectItem& star, const Scope& scope, std::vector<
 void Binder::bindGrouping(SelectCore& core, Scope& scope) {
   scope.place = "a 'group by' list";
   for (ExprPtr& expr : core.groupBy) {
-    const bool literal = expr->isLiteral();
     bindValue(expr, scope);
-    if (literal || expr->isLiteral()) {
+    if (isConstant(*expr)) {
       throw SqlError(state::syntax, expr->at, "An expression of 'group by' must name a column.");
     }
     if (expr->kind == ExprKind::Subquery) {
@@ -179,6 +193,8 @@ void Binder::bindOrder(Query& query, Scope& scope) {
     }
     if (query.cores.size() == 1) {
       bindValue(item.expr, scope);
+      if (isConstant(*item.expr))
+        throw SqlError(state::syntax, item.expr->at, "An expression of 'order by' must name a column.");
       for (std::size_t i = 0; i < core.items.size() && !item.position; ++i) {
         if (sameExpression(*core.items[i].expr, *item.expr)) item.position = i;
       }
@@ -263,12 +279,13 @@ void Binder::bindTable(TableRef& ref, Scope& scope) {
     throw SqlError(state::syntax, ref.at,
                    "Views stand on views more than " + std::to_string(maxViewDepth) + " deep.");
   }
-  Statement statement = parseStatement(*text);
-  auto& view = std::get<CreateView>(statement);
-  ref.query = std::move(view.query);
-  ref.columnNames = std::move(view.columnNames);
   ++viewDepth_;
   try {
+    Statement statement = parseStatement(*text);
+    auto* view = std::get_if<CreateView>(&statement);
+    if (view == nullptr) throw SqlError(state::general, "The stored text is damaged.");
+    ref.query = std::move(view->query);
+    ref.columnNames = std::move(view->columnNames);
     bindDerived(ref, scope, nullptr);
   } catch (const SqlError& error) {  // Its positions are those of another text.
     throw SqlError(error.sqlState(), ref.at, "In the view '" + ref.name + "': " + error.what());

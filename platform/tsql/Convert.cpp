@@ -181,20 +181,47 @@ Cell toMoment(const Cell& value, const Type& from, const Type& to, int style) {
       static_cast<std::int64_t>(std::llround(days * static_cast<double>(millisecondsPerDay))), to.kind);
 }
 
-std::string floatText(double number, int digits) {
+std::string floatText(double number, int digits, std::chars_format format = std::chars_format::general) {
   std::array<char, 40> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::general, digits);
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, format, digits);
   return {buffer.data(), end.ptr};
+}
+
+[[noreturn]] void unknownStyle(int style, const Type& from) {
+  throw SqlError(state::syntax, "The style " + std::to_string(style) + " of convert is not supported for " +
+                                    from.text() + ".");
+}
+
+std::string moneyText(const Decimal& number, int style, const Type& from) {
+  enum Style { Cents, Thousands, Whole, Exchange = 126 };
+  if (style == Whole || style == Exchange) return number.text();
+  if (style != Cents && style != Thousands) unknownStyle(style, from);
+  std::string text = number.rounded(2).text();
+  constexpr std::size_t group = 3;
+  const std::size_t first = text.front() == '-' ? 1 : 0;
+  for (std::size_t at = text.find('.'); style == Thousands && at > first + group;)
+    text.insert(at -= group, ",");
+  return text;
+}
+
+// An exponent has three digits at least.
+std::string floatingText(double number, int style, const Type& from) {
+  static constexpr int digits[] = {6, 8, 16, 17};  // By style; but for the first, always with an exponent.
+  if (style < 0 || style >= static_cast<int>(std::size(digits))) unknownStyle(style, from);
+  std::string text = style == 0 ? floatText(number, digits[0])
+                                : floatText(number, digits[style] - 1, std::chars_format::scientific);
+  constexpr std::size_t exponentDigits = 3;
+  if (const std::size_t sign = text.find('e'); sign != std::string::npos) {
+    const std::size_t given = text.size() - sign - 2;
+    if (given < exponentDigits) text.insert(sign + 2, exponentDigits - given, '0');
+  }
+  return text;
 }
 
 std::string plainText(const Cell& value, const Type& from, int style) {
   if (from.isDate()) return writeMoment(std::get<std::int64_t>(value), style, from.kind);
-  if (from.kind == Kind::Money) return decimalOf(value).rounded(2).text();
-  if (from.isFloating()) {
-    constexpr int plainDigits = 6;
-    return floatText(doubleOf(value), plainDigits);
-  }
+  if (from.kind == Kind::Money) return moneyText(decimalOf(value), style, from);
+  if (from.isFloating()) return floatingText(doubleOf(value), style, from);
   return textOf(value);
 }
 

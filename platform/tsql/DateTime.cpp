@@ -31,9 +31,11 @@ std::int64_t floorDivide(std::int64_t number, std::int64_t by) {
   return number % by < 0 ? quotient - 1 : quotient;
 }
 
-[[noreturn]] void outOfRange() {
-  throw SqlError("22008", "The date lies outside the years " + std::to_string(earliestYear) + " to " +
-                              std::to_string(latestYear) + ".");
+[[noreturn]] void outOfRange(Kind kind = Kind::DateTime) {
+  const std::string years = std::to_string(earliestYear) + " to " + std::to_string(latestYear);
+  throw SqlError("22008", kind == Kind::SmallDateTime
+                              ? "The date lies outside the days of smalldatetime, 1900/01/01 to 2079/06/06."
+                              : "The date lies outside the years " + years + ".");
 }
 
 std::int64_t dayOf(int year, int month, int day) {
@@ -142,11 +144,18 @@ std::int64_t roundedMoment(std::int64_t moment, Kind kind) {
   static const std::int64_t behind = dayOf(latestYear + 1, 1, 1) * millisecondsPerDay;
   if (moment < earliest || moment >= behind) outOfRange();
   if (kind == Kind::Date) return dayNumber(moment) * millisecondsPerDay;
-  if (kind == Kind::SmallDateTime) return floorDivide(moment + msPerMinute / 2, msPerMinute) * msPerMinute;
+  if (kind == Kind::SmallDateTime) {
+    static const std::int64_t behindSmall = dayOf(2079, 6, 7) * millisecondsPerDay;
+    const std::int64_t rounded = floorDivide(moment + msPerMinute / 2, msPerMinute) * msPerMinute;
+    if (rounded < 0 || rounded >= behindSmall) outOfRange(kind);
+    return rounded;
+  }
   // 300ths of a second, shown as .000, .003 and .007.
   static constexpr std::array<int, 10> lastDigit = {0, 0, 3, 3, 3, 7, 7, 7, 7, 10};
   const std::int64_t tens = floorDivide(moment, 10) * 10;
-  return tens + lastDigit[static_cast<std::size_t>(moment - tens)];
+  const std::int64_t rounded = tens + lastDigit[static_cast<std::size_t>(moment - tens)];
+  if (rounded >= behind) outOfRange();
+  return rounded;
 }
 
 std::int64_t addToMoment(DatePart part, std::int64_t number, std::int64_t moment) {
@@ -154,7 +163,8 @@ std::int64_t addToMoment(DatePart part, std::int64_t number, std::int64_t moment
   constexpr std::int64_t mostMilliseconds = std::int64_t{latestYear} * 366 * millisecondsPerDay;
   const bool byMonth = part == DatePart::Year || part == DatePart::Quarter || part == DatePart::Month;
   const std::int64_t unit = unitOf(part);
-  if (std::abs(number) > (byMonth ? mostMonths : mostMilliseconds / unit)) outOfRange();
+  const std::int64_t most = byMonth ? mostMonths : mostMilliseconds / unit;
+  if (number < -most || number > most) outOfRange();
   if (!byMonth) return moment + number * unit;
   const int months = part == DatePart::Year      ? monthsPerYear
                      : part == DatePart::Quarter ? monthsPerQuarter

@@ -154,13 +154,14 @@ ExprPtr QueryParser::product() {
   return left;
 }
 
+// A sign stands below the products: -a * b is -(a * b), and a / -b * c is a / -(b * c).
 ExprPtr QueryParser::unary() {
   if (!tokens_.isSign("-") && !tokens_.isSign("+")) return primary();
   const Nesting nesting(depth_, tokens_.at());
   const Token sign = tokens_.take();
   ExprPtr expr = node(ExprKind::Arithmetic, sign.at);
   expr->name = sign.text;
-  adopt(*expr, unary());
+  adopt(*expr, product());
   return expr;
 }
 

@@ -141,7 +141,12 @@ Cell callRuntime(const RuntimeFunction& function, Arguments arguments) {
       std::any_of(arguments.begin(), arguments.end(), [](const Cell& c) { return isNull(c); })) {
     return {};
   }
-  return function.call(arguments);
+  try {
+    return function.call(arguments);
+  } catch (const basic::ValueError& error) {
+    const bool overflow = error.kind() == basic::ErrorKind::Overflow;
+    throw SqlError(overflow ? state::overflow : state::badCast, error.what());
+  }
 }
 
 std::span<const RuntimeAggregate> runtimeAggregates() {

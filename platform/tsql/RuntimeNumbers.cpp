@@ -32,6 +32,14 @@ std::int64_t whole(const Cell& value) {
   return std::get<std::int64_t>(value);
 }
 
+Cell wholeResult(const Decimal& number, const Type& type) {
+  try {
+    return checkedWhole(number.toInteger(), type.kind);
+  } catch (const basic::ValueError&) {
+    overflow(type);
+  }
+}
+
 std::int64_t multiplied(std::int64_t left, std::int64_t right, const Type& type) {
   constexpr auto low = std::numeric_limits<std::int64_t>::min();
   constexpr auto high = std::numeric_limits<std::int64_t>::max();
@@ -206,7 +214,7 @@ Cell roundTo(Arguments args) {
   if (type.isFloating()) return checkedDouble(roundedTo(doubleOf(args[0]), places, cut));
   const Decimal rounded = roundedTo(decimalOf(args[0]), places, cut);
   if (type.isExact()) return checkedDecimal(rounded, type);
-  return checkedWhole(rounded.toInteger(), type.kind);
+  return wholeResult(rounded, type);
 }
 
 template <bool up>
@@ -239,7 +247,7 @@ Cell power(Arguments args) {
     constexpr double mostFactors = 128;
     if (exponent <= mostFactors) {
       if (type.isExact()) return checkedDecimal(result, type);
-      return checkedWhole(result.toInteger(), type.kind);
+      return wholeResult(result, type);
     }
   }
   return convertCell(checkedDouble(std::pow(base, exponent)), Type::of(Kind::Float), type);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "platform/basic/Unicode.h"
 #include "platform/tsql/Convert.h"
@@ -55,7 +56,10 @@ Cell right(Arguments args) {
 Cell substring(Arguments args) {
   const std::u32string all = basic::characters(text(args[0]));
   const std::int64_t start = wholeOf(args[1]);
-  const std::int64_t end = start + length(args[2], "substring");
+  const std::int64_t count = length(args[2], "substring");
+  if (start > std::numeric_limits<std::int64_t>::max() - count)
+    throw SqlError(state::overflow, "Arithmetic overflow: substring starts too far behind the text.");
+  const std::int64_t end = start + count;
   const std::int64_t from = std::clamp<std::int64_t>(start, 1, static_cast<std::int64_t>(all.size()) + 1);
   const std::int64_t to = std::clamp<std::int64_t>(end, from, static_cast<std::int64_t>(all.size()) + 1);
   return basic::encoded(all.substr(static_cast<std::size_t>(from - 1), static_cast<std::size_t>(to - from)));
@@ -182,6 +186,7 @@ Cell concat(Arguments args) {
   std::string result;
   for (const Cell& piece : args) {
     if (!isNull(piece)) result += text(piece);
+    if (result.size() > longestText) throw SqlError(state::badLength, "The text made by concat is too long.");
   }
   return result;
 }

@@ -170,10 +170,12 @@ const Translator::Procedure& Translator::procedure(const Call& call) {
     throw SqlError(state::syntax, call.at,
                    "There is no statement and no stored procedure '" + call.name + "'.");
   }
-  Statement statement = parseStatement(*text);
   Procedure procedure;
-  procedure.definition = std::move(std::get<CreateProcedure>(statement));
   try {
+    Statement statement = parseStatement(*text);
+    auto* definition = std::get_if<CreateProcedure>(&statement);
+    if (definition == nullptr) throw SqlError(state::general, "The stored text is damaged.");
+    procedure.definition = std::move(*definition);
     Binder(catalog_, &procedure.definition.parameters).bind(*procedure.definition.query);
   } catch (const SqlError& error) {  // Its positions are those of another text.
     throw SqlError(error.sqlState(), call.at, "In the procedure '" + call.name + "': " + error.what());

@@ -21,6 +21,7 @@ class ForwardingProvider : public Provider {
   void begin() override { real_->begin(); }
   void commit() override { real_->commit(); }
   void rollback() override { real_->rollback(); }
+  [[nodiscard]] bool inTransaction() const override { return real_->inTransaction(); }
   std::optional<std::string> baseTable(std::string_view statement) override {
     return real_->baseTable(statement);
   }

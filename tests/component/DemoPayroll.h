@@ -21,6 +21,11 @@ struct DemoPayroll {
     schema::createDemo(*connection);
   }
 
+  // The session of the last show keeps hold of the connection.
+  ~DemoPayroll() { connection->Close(); }
+  DemoPayroll(const DemoPayroll&) = delete;
+  DemoPayroll& operator=(const DemoPayroll&) = delete;
+
   // Only primary keys are left, as a host's own tables may have no more.
   void dropIndexes() const {
     for (const std::string_view statement : schema::payroll()) {

@@ -92,9 +92,10 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
   } cases[] = {
       {{}, "A command is missing"},
       {{"--colour"}, "--colour"},
-      {{"frobnicate"}, "frobnicate"},
+      {{"secret"}, "There is no such command; use demo"},
       {{"demo", "--colour"}, "--colour"},
-      {{"demo", "extra"}, "extra"},
+      {{"demo", "secret"}, "A word of the command line is not expected"},
+      {{"demo", "--pwd=secret", "--colour", "secret", "-Psecret"}, "no option --pwd, --colour, -P."},
       {{"demo", "--database", "notes.txt"}, "notes.txt"},
       {{"demo", "--database", "none/demo.db"}, "none/demo.db"},
       {{"demo", "--database", "payroll.db"}, "no company 1"},
@@ -121,8 +122,8 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {showing("payroll;UID=clerk;PWD=secret"), "payroll does not exist"},
       {{"init", "--connect", "pay.example,1433;PWD=secret"}, "'PWD' of the connection string"},
       {{"init", "--connect", "a.db", "DSN=pay;password = {sec;ret}secret"},
-       "not expected: DSN=pay;password = ***"},
-      {{"DSN=pay;Pwd=secret"}, "no command DSN=pay;Pwd=***; use"},
+       "A word of the command line is not expected"},
+      {{"DSN=pay;Pwd=secret"}, "There is no such command; use"},
       {{"errand", "DSN=pay;PWD=secret"}, "DSN=pay;PWD=***"},
   };
   const auto before = contents();
@@ -164,6 +165,15 @@ TEST_F(CommandLine, SetsUpWhateverServerHoldsNoPayroll) {
   EXPECT_EQ(first.code, 0) << first.err;
   const Outcome second = call({"demo", "--connect", "odd=shared.db"});
   EXPECT_NE(second.err.find("holds payroll tables already"), std::string::npos) << second.err;
+}
+
+// Killed in its first moments, creating leaves an empty file.
+TEST_F(CommandLine, AnEmptyFileIsTakenOver) {
+  write("init.db", "");
+  EXPECT_EQ(call({"init", "--connect", "init.db"}).code, 0);
+  EXPECT_EQ(valueOf("init.db", "select count(*) from pemployee"), "0");
+  write("demo.db", "");
+  EXPECT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
 }
 
 TEST_F(CommandLine, HelpIsNoFailure) {

@@ -25,7 +25,7 @@ class CleaningProvider final : public ForwardingProvider {
   using ForwardingProvider::ForwardingProvider;
   ~CleaningProvider() override {
     try {
-      if (inTransaction_) CleaningProvider::rollback();
+      if (inTransaction()) CleaningProvider::rollback();
       while (!created_.empty()) {
         const std::string last = created_.back();
         created_.pop_back();
@@ -45,16 +45,10 @@ class CleaningProvider final : public ForwardingProvider {
   }
   void begin() override {
     ForwardingProvider::begin();
-    inTransaction_ = true;
     createdBefore_ = created_;
-  }
-  void commit() override {
-    ForwardingProvider::commit();
-    inTransaction_ = false;
   }
   void rollback() override {
     ForwardingProvider::rollback();
-    inTransaction_ = false;
     created_ = createdBefore_;
   }
 
@@ -74,7 +68,6 @@ class CleaningProvider final : public ForwardingProvider {
 
   std::vector<std::string> created_;
   std::vector<std::string> createdBefore_;  // the transaction
-  bool inTransaction_ = false;
 };
 
 const bool registered = [] {

@@ -8,6 +8,7 @@
 
 #include "platform/ado/Error.h"
 #include "platform/basic/Numbers.h"
+#include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/SqliteProvider.h"
 
 namespace payslate::test {
@@ -103,6 +104,41 @@ TEST_F(Files, TwoConnectionsSeeOneCatalog) {
   EXPECT_EQ(two->execute("select * from t")->columns().size(), 4U);
   one->execute("drop procedure p");
   EXPECT_EQ(stateOf([&] { two->execute("p 1"); }).substr(0, 5), "42000");
+}
+
+TEST_F(Files, ADamagedCatalogIsTold) {
+  const std::pair<const char*, const char*> damages[] = {
+      {"UPDATE catalog_columns SET type = 'zork' WHERE name = 'a'", "damaged at 't'"},
+      {"UPDATE catalog_objects SET kind = 'zork' WHERE key = 'v'", "damaged at 'v'"},
+      {"UPDATE catalog_objects SET text = NULL WHERE key = 'v'", "damaged at 'v'"},
+      {"DELETE FROM catalog_columns", "damaged at 't'"},
+      {"DELETE FROM catalog_objects WHERE key = 't'", "damaged at 't'"},
+      {"UPDATE catalog_objects SET text = 'select 1' WHERE key = 'v'",
+       "In the view 'v': The stored text is damaged"},
+      {"UPDATE catalog_objects SET text = 'zork' WHERE key = 'v'", "In the view 'v': "},
+      {"UPDATE catalog_objects SET text = 'select 1' WHERE key = 'p'",
+       "In the procedure 'p': The stored text"},
+      {"UPDATE catalog_columns SET type = 'decimal(9,2)' WHERE name = 'a'",
+       "A stored value is not of its column's"},
+      {"UPDATE catalog_columns SET type = 'datetime' WHERE name = 'a'",
+       "A stored value is not of its column's"},
+  };
+  for (const auto& [damage, sentence] : damages) {
+    std::filesystem::remove(path());
+    {
+      const auto whole = open(path() + ";Create=True");
+      whole->execute("create table t (a varchar(9))");
+      whole->execute("create view v as select a + 'x' b from t");
+      whole->execute("create procedure p as select 1 c");
+      whole->execute("insert into t values ('x')");
+    }
+    sqlite::DatabaseFile(path(), false, 0).run(damage);
+    const std::string told = stateOf([&] {
+      const auto provider = open(path());
+      for (const char* statement : {"select a from t", "select * from v", "p"}) first(*provider, statement);
+    });
+    EXPECT_NE(told.find(sentence), std::string::npos) << damage << "\n  gave " << told;
+  }
 }
 
 TEST_F(Files, OneWriterAtATime) {

@@ -68,6 +68,13 @@ std::string repeated(const std::string& text, int times) {
   return result;
 }
 
+/// A text of 8,000 characters, and around it `levels` derived tables that compute with its name, t.
+std::string nestedTables(const std::string& expression, int levels) {
+  const std::string table = "(select " + expression + " t from ";
+  return "(select t from " + repeated(table, levels) + "(select replicate('x', 8000) t) a" +
+         repeated(") a", levels) + ")";
+}
+
 TEST(Statements, MalformedOnesSayWhere) {
   expectErrors({
       {"", "42000 The statement is empty."},
@@ -142,6 +149,9 @@ TEST(Statements, ConditionsAndValuesAreDifferentThings) {
       {"select (select name from emp)", "21000 A subquery that stands for one value"},
       {"select * from (select id from emp order by id) d", "42000 Line 1, column 44: 'order by'"},
       {"select distinct name from emp order by basic", "42000 Line 1, column 40: "},
+      {"select id, name from emp order by 1 + 1", "42000 Line 1, column 37: An expression of 'order by'"},
+      {"select id from emp order by 'a' + isnull('b', null), id", "42000 Line 1, column 33: An expression"},
+      {"select dept from emp group by 'a' + 'b'", "42000 Line 1, column 35: An expression of 'group by'"},
   });
 }
 
@@ -157,6 +167,10 @@ TEST(Statements, DepthHasALimitAndNoCrash) {
       {"select " + repeated("abs(", 60) + "id" + repeated(")", 60) + " from emp",
        "42000 The statement is nested too deeply"},
       {"select '" + repeated("x", 1'000'000) + "'", "42000 The statement is longer"},
+      {"select len(" + nestedTables("concat(t, t)", 10) + ")", "22011 The text made by concat is too long."},
+      {"select len(" + nestedTables("t + t + t + t + t", 5) + ")", "22001 A text is longer than"},
+      {"select len(" + nestedTables("concat(t" + repeated(", t", 90) + ")", 4) + ")",
+       "42000 Line 1, column 330: The statement is too large"},
   });
   expectAnswers({
       {"select " + repeated("(", 100) + "7" + repeated(")", 100), "7"},
@@ -191,6 +205,11 @@ TEST(Statements, NumbersKeepTheirTypes) {
       {"select sum(n * 100000) from nums", "22003 "},
       {"select 1e308 * 10", "22003 "},
       {"select round(9.9, 0)", "22003 "},
+      {"select round(cast('9223372036854775807' as bigint), -1)", "22003 "},
+      {"select round(" + repeated("9", 38) + ", -38)", "22003 "},
+      {"select power(10, 30)", "22003 "},
+      {"select substring('abc', cast('9223372036854775807' as bigint), 2)", "22003 "},
+      {"select dateadd(dd, cast('-9223372036854775808' as bigint), '2006/04/30')", "22008 "},
       {"select sqrt(-1)", "22003 "},
       {"select 5 % 0", "22012 "},
       {"select 1.5e0 / 0", "22012 "},
@@ -200,6 +219,29 @@ TEST(Statements, NumbersKeepTheirTypes) {
       {"select '2006/02/30' + convert(datetime, '2006/01/01')", "22007 "},
       {"select left('abc', -1)", "22011 "},
   });
+}
+
+TEST(Statements, NumbersBecomeTextInTheStyleOfConvert) {
+  const auto money = [](const char* style) {
+    return "select convert(varchar(20), cast(-1234567.8951 as money)" + std::string(style) + ")";
+  };
+  const auto number = [](const char* style) {
+    return "select convert(varchar(30), 1234567.5e0" + std::string(style) + "), convert(char(9), 0.001e0)";
+  };
+  expectAnswers({
+      {money(""), "-1234567.90"},
+      {money(", 1"), "-1,234,567.90"},
+      {money(", 2"), "-1234567.8951"},
+      {money(", 126"), "-1234567.8951"},
+      {"select convert(varchar(9), cast(123 as money), 1), convert(varchar(9), 1234, 1)", "123.00,1234"},
+      {number(""), "1.23457e+006,0.001    "},
+      {number(", 1"), "1.2345675e+006,0.001    "},
+      {number(", 2"), "1.234567500000000e+006,0.001    "},
+      {number(", 3"), "1.2345675000000000e+006,0.001    "},
+      {"select convert(smalldatetime, '2079/06/06 23:59:29')", "2079/06/06 23:59:00"},
+  });
+  expectErrors({{money(", 3"), "42000 The style 3 of convert is not supported for money."},
+                {number(", 4"), "42000 The style 4 of convert is not supported for float."}});
 }
 
 TEST(Statements, ErrorsWaitForTheRowThatNeedsThem) {
@@ -214,6 +256,10 @@ TEST(Statements, ErrorsWaitForTheRowThatNeedsThem) {
 TEST(Statements, DatesThatAreNoneAreRefused) {
   expectErrors({
       {"select convert(datetime, '1752/12/31')", "22008 "},
+      {"select convert(datetime, '9999/12/31 23:59:59.999')", "22008 "},
+      {"select convert(smalldatetime, '1899/12/31')",
+       "22008 The date lies outside the days of smalldatetime"},
+      {"select convert(smalldatetime, '2079/06/06 23:59:30')", "22008 "},
       {"select dateadd(yy, 9000, '2006/01/01')", "22008 "},
       {"select year('2006/13/01')", "22007 "},
       {"select datediff(foo, '2006/01/01', '2006/01/02')", "42000 Line 1, column 17: "},
