@@ -48,7 +48,7 @@ const char* codeOf(const Person& person, Date date) {
       std::any_of(holidays.begin(), holidays.end(), [&](const char* text) { return dateOf(text) == date; });
   if (holiday || date.weekday() == sunday) return "h";
   const auto mixed =
-      static_cast<std::size_t>((person.id * 7 + static_cast<long>(date.serial()) * 13) % spread);
+      static_cast<std::size_t>((person.id * 7L + static_cast<long>(date.serial()) * 13) % spread);
   return mixed < oddDays.size() ? oddDays[mixed] : "p";
 }
 

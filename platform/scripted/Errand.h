@@ -18,7 +18,7 @@ namespace payslate::scripted {
 class ErrandSyntaxError : public std::runtime_error {
  public:
   /// Line 0 stands for the file as a whole.
-  ErrandSyntaxError(std::string file, int line, std::string problem, std::string remedy);
+  ErrandSyntaxError(std::string in, int at, std::string wrong, std::string instead);
 
   const std::string file;
   const int line;

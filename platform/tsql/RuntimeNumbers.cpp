@@ -280,7 +280,7 @@ Cell pi(Arguments) {
 
 Cell isNumeric(Arguments args) {
   if (isNull(args[0])) return std::int64_t{0};
-  const auto* text = std::get_if<std::string>(&args[0]);
+  const auto* text = std::get_if<std::string>(args.data());
   return std::int64_t{text == nullptr || isNumericText(*text)};
 }
 

@@ -37,7 +37,7 @@ class Translator {
   explicit Translator(const Catalog& catalog) : catalog_(catalog) {}
 
   /// SqlError for what is not understood, or names what does not exist.
-  Translation translate(std::string_view statement);
+  Translation translate(std::string_view text);
   void schemaChanged() { procedures_.clear(); }
 
  private:

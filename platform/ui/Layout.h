@@ -54,7 +54,7 @@ Layout row(std::vector<Layout> children);
 Layout column(std::vector<Layout> children);
 Layout fields(std::vector<Layout> children);
 Layout group(Frame& frame, Layout child);
-Layout pages(TabControl& tab, std::vector<Layout> pages);
+Layout pages(TabControl& tab, std::vector<Layout> children);
 Layout space();
 }  // namespace layout
 
