@@ -4,8 +4,8 @@
 #include <memory>
 #include <string_view>
 
-#include "payslate/clspayslate.h"
 #include "desktop/QtDesktop.h"
+#include "payslate/clspayslate.h"
 #include "platform/ado/Connection.h"
 #include "platform/ui/Clerk.h"
 #include "platform/ui/Form.h"
