@@ -209,8 +209,8 @@ TEST(Connection, TellsStatementsBeforeTheyAreSent) {
   rows.Fields("b") = "x";
   rows.Update();
   rows.Update();
-  EXPECT_NE(stateOf([&] { connection.Execute("select c from Things"); }), "");
   connection.CommitTrans();
+  EXPECT_NE(stateOf([&] { connection.Execute("select c from Things"); }), "");
   ASSERT_EQ(told.size(), 4U);
   EXPECT_EQ(told[0], "select * from things");
   EXPECT_EQ(told[1].substr(0, 7), "insert ");

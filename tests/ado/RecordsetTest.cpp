@@ -231,7 +231,14 @@ TEST_F(RecordsetTest, OutlivesItsConnection) {
 
 TEST_F(RecordsetTest, AnErrorWhileReadingEndsTheReading) {
   // In the key's order, so that a row is computed when it is read and not to be sorted first.
-  Recordset rows = open("select emp, 12 / (3 - emp) q from pay order by company, emp");
+  Recordset rows;
+  const std::string told =
+      stateOf([&] { rows = open("select emp, 12 / (3 - emp) q from pay order by company, emp"); });
+  const bool computesAllRowsFirst = !told.empty();  // As a server may.
+  if (computesAllRowsFirst) {
+    EXPECT_EQ(told, "22012");
+    return;
+  }
   EXPECT_EQ(rows.Fields("q").Text(), "6");
   rows.MoveNext();
   EXPECT_EQ(rows.Fields("q").Text(), "12");

@@ -198,6 +198,8 @@ TEST(Statements, NumbersKeepTheirTypes) {
       {"select coalesce(null, 1, 2.5), case when 1 = 2 then 1 when 1 = 1 then 2.55 else 3e0 end", "1.0,2.55"},
       {"select convert(money, '$1,234.567'), cast(5 as money) / 3", "1234.5670,1.6666"},
       {"select isnull(10 / nullif(0, 0), 0), null + 1, 'a' + null", "0,NULL,NULL"},
+      {"select convert(datetime, '2006-04-30T10:20:30.456'), datediff(wk, '2006/04/01', '2006/04/02'), case 'A' when 'a ' then 1 end",
+       "2006/04/30 10:20:30,1,1"},
   });
   expectErrors({
       {"select cast(30000 as smallint) * cast(2 as smallint)", "22003 "},
