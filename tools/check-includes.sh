@@ -32,7 +32,7 @@ host/example       : payslate desktop $platform
 tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
 tools/tsqlserver   : $databases <CLI/ <arpa/ <netinet/ <poll.h> <sys/ <unistd.h>
 tests/basic        : platform/basic <gtest/
-tests/ado          : $databases tests/server <gtest/
+tests/ado          : $databases tests/server <gtest/ <sqlite3.h>
 tests/tsql         : $databases platform/tsql platform/sqlite tests/server <gtest/
 tests/sqlite       : $databases platform/tsql platform/sqlite <gtest/
 tests/odbc         : $databases platform/odbc <gtest/
