@@ -344,6 +344,21 @@ create table pEmployeeCurrentDetails (
   ecdMode smallint,
   primary key (ecdPaySlateID, ecdCompanyID, ecdDetailID))
 go
+-- What was done to an entry, in its order. Rows are added and never changed: each one's hash covers the one before.
+create table pEntryJournal (
+  ejCompanyID smallint not null,
+  ejEntryID int not null,
+  ejSequence int not null,
+  ejTime varchar(19) not null,
+  ejUserID smallint not null,
+  ejAction varchar(10) not null,
+  ejKind varchar(12) not null,
+  ejItem varchar(40) not null,
+  ejBefore varchar(60),
+  ejAfter varchar(max),
+  ejHash varchar(64) not null,
+  primary key (ejEntryID, ejCompanyID, ejSequence))
+go
 
 -- ---- Pay months and formula parameters ----
 
@@ -413,4 +428,5 @@ insert into linkTable (tablename, linktablename) values
   ('pFacilityTrackingHeader', 'pFacilityTrackingHeader'),
   ('pFacilityMaster', 'pFacilityMaster'),
   ('pEmpAttendanceAllowanceDeductions', 'pEmpAttendanceAllowanceDeductions'),
-  ('pCurrencyMaster', 'pCurrencyMaster')
+  ('pCurrencyMaster', 'pCurrencyMaster'),
+  ('pEntryJournal', 'pEntryJournal')

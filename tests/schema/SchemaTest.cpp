@@ -45,7 +45,7 @@ TEST(Schema, IsCreatedOnceAndAsAWhole) {
   connection.Execute("drop table ppaymonths");
   create(connection);
   EXPECT_THROW(create(connection), ado::Error);
-  EXPECT_EQ(one(connection, "select count(*) from linkTable"), "35");
+  EXPECT_EQ(one(connection, "select count(*) from linkTable"), "36");
 }
 
 TEST(Schema, EveryLinkedTableInUseExists) {
