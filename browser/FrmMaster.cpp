@@ -26,7 +26,8 @@ FrmMaster::FrmMaster(BasPaySlate& bas)
       bas_(bas),
       entries_(bas, {flexMaster, cboColNames, cboSearch}),
       entryForm_([this] { return std::make_shared<frmpayslate>(bas_, &entries_); }),
-      cancelForm_([&bas] { return std::make_shared<frmCancel>(bas); }) {
+      cancelForm_([&bas] { return std::make_shared<frmCancel>(bas); }),
+      journalForm_([&bas] { return std::make_shared<FrmEntryJournal>(bas); }) {
   KeyPreview = true;
   optAscend.Value = true;
   arrange();
@@ -59,8 +60,9 @@ void FrmMaster::wireEvents() {
   };
   flexMaster.EnterCell = [this] { enableForRow(); };
   flexMaster.DblClick = [this] { flexMaster_DblClick(); };
-  flexMaster.KeyDown = [this](int& keyCode, int) {
+  flexMaster.KeyDown = [this](int& keyCode, int shift) {
     if (keyCode == ui::KeyCode::Delete && CmdDelete.Enabled()) CmdDelete_Click();
+    if (keyCode == ui::KeyCode::F4 && shift == ui::Shift::None) showJournal();
   };
   flexMaster.KeyPress = [this](int& keyAscii) { flexMaster_KeyPress(keyAscii); };
   cboColNames.Click = [this] { cboColNames_Click(); };
@@ -83,6 +85,7 @@ void FrmMaster::Form_Load() {
   helpers_.create(bas_);
   desktop().HelpFile = bas_.helpFile();
   bas_.TableLinks.load(*bas_.adocon());
+  bas_.TableLinks.loadJournal(*bas_.adocon());
   setBrowseStatement();
   {
     const Hourglass hourglass(*this);
@@ -183,6 +186,16 @@ void FrmMaster::cancelEntry(const ListedEntry& entry) {
   bas_.strMode = EntryMode::Existing;
   entries_.RefreshBrowseRow(entryCondition(entry.id), entry.id);
   entries_.markRow(row);
+}
+
+void FrmMaster::showJournal() {
+  const auto entry = entries_.current();
+  if (!entry) return;
+  if (!bas_.keepsJournal()) {
+    bas_.message("No journal of entries is kept in this database.");
+    return;
+  }
+  journalForm_.show([&](FrmEntryJournal& form) { form.shows(entry->id, entries_.currentNumber()); });
 }
 
 }  // namespace payslate

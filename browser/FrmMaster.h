@@ -4,6 +4,7 @@
 #include <string>
 
 #include "browser/EntryGrid.h"
+#include "browser/FrmEntryJournal.h"
 #include "browser/FunctionRights.h"
 #include "browser/frmCancel.h"
 #include "component/BasPaySlate.h"
@@ -60,6 +61,8 @@ class FrmMaster : public ui::Form {
   void CmdDelete_Click();
   /// True unless the clerk, told that others have paid out what the entry kept back, leaves it.
   bool mayTakeBack(const ListedEntry& entry);
+  /// F4
+  void showJournal();
   void cancelEntry(const ListedEntry& entry);
 
   BasPaySlate& bas_;
@@ -68,6 +71,7 @@ class FrmMaster : public ui::Form {
   FunctionRights rights_;
   ui::FormSlot<frmpayslate> entryForm_;
   ui::FormSlot<frmCancel> cancelForm_;
+  ui::FormSlot<FrmEntryJournal> journalForm_;
 };
 
 }  // namespace payslate

@@ -31,7 +31,8 @@ struct Replacement {
 struct LoadedMonth {
   /// A new month has no identifier; period and rows of a stored one are those that were stored.
   EntryRecord entry;
-  int hiddenRows = 0;  ///< Stored rows that could not be shown, which a save deletes.
+  bool stored = false;  ///< The entry is as it was read from the database.
+  int hiddenRows = 0;   ///< Stored rows that could not be shown, which a save deletes.
   std::vector<Replacement> replacements;
 
   /// Refresh has written an amount. The amount before is kept from the first time on, for as long as nobody

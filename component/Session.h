@@ -40,6 +40,8 @@ struct Session {
   std::string strMode;         ///< EntryMode
 
   [[nodiscard]] bool isNewEntry() const { return strMode != EntryMode::Existing; }
+  /// Is every change of an entry written down? Known once the links are loaded.
+  [[nodiscard]] bool keepsJournal() const { return !TableLinks["pEntryJournal"].empty(); }
   /// The company as statements splice it in.
   [[nodiscard]] std::string companyText() const { return std::to_string(intCompanyID); }
 

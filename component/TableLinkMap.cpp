@@ -13,7 +13,9 @@ namespace payslate {
 namespace {
 
 // In the order in which a row of linkTable is tested against them; ploans has two slots.
-constexpr std::array<std::string_view, 36> logicalNames{
+constexpr const char* journal = "pEntryJournal";
+
+constexpr std::array<std::string_view, 37> logicalNames{
     "pAllowances",
     "pEmployeeAllowanceHeader",
     "pemployeeallowancedetail",
@@ -50,7 +52,12 @@ constexpr std::array<std::string_view, 36> logicalNames{
     "pFacilityMaster",
     "pEmpAttendanceAllowanceDeductions",
     "pCurrencyMaster",
+    journal,
 };
+
+std::string journalStatement() {
+  return std::string("select tablename, linktablename from linkTable where tablename = '") + journal + "'";
+}
 
 std::string linkStatement() {
   return "select tablename, linktablename from linkTable where tablename in  "
@@ -73,8 +80,28 @@ TableLinkMap::TableLinkMap() {
 }
 
 void TableLinkMap::load(ado::Connection& connection) {
+  take(linkStatement(), connection);
+}
+
+void TableLinkMap::loadJournal(ado::Connection& connection) {
+  assign(journal, {});
+  take(journalStatement(), connection);
+  const std::string& table = (*this)[journal];
+  if (table.empty()) return;
+  try {
+    connection.Execute("select ejSequence from " + table + " where 1 = 0");
+  } catch (ado::Error& error) {
+    error.Description = "linkTable says that entries are journalled in " + table +
+                        ", which cannot be read. Have the table made (payroll-host upgrade) or its row in "
+                        "linkTable removed. " +
+                        error.Description;
+    throw;
+  }
+}
+
+void TableLinkMap::take(const std::string& statement, ado::Connection& connection) {
   ado::Recordset links;
-  links.Open(linkStatement(), connection, ado::CursorType::Keyset, ado::LockType::Optimistic);
+  links.Open(statement, connection, ado::CursorType::Keyset, ado::LockType::Optimistic);
   for (; !links.Eof(); links.MoveNext())
     assign(links.Fields("tablename").Text(), links.Fields("linktablename").Text());
   links.Close();

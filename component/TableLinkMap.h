@@ -12,20 +12,24 @@ namespace ado {
 class Connection;
 }
 
-/// One slot for each logical name, empty until a row of linkTable fills it. Slots are never emptied: a name
-/// that a later load does not return keeps the value it had.
+/// One slot for each logical name, empty until a row of linkTable fills it. Slots are never emptied, but for
+/// the journal's: a name that a later load does not return keeps the value it had.
 class TableLinkMap {
  public:
   TableLinkMap();
 
   /// Reads linkTable (LoadTableLinks). ado::Error when that fails.
   void load(ado::Connection& connection);
+  /// Reads whether entries are journalled, and where: pEntryJournal is empty when they are not. ado::Error
+  /// also when the table it names cannot be read.
+  void loadJournal(ado::Connection& connection);
 
   /// Physical name by logical name in any letter case; empty while it is not known. std::out_of_range for a
   /// name that has no slot.
   [[nodiscard]] const std::string& operator[](std::string_view logicalName) const;
 
  private:
+  void take(const std::string& statement, ado::Connection& connection);
   void assign(std::string_view logicalName, const std::string& physicalName);
 
   std::vector<std::pair<std::string_view, std::string>> slots_;

@@ -39,6 +39,7 @@ void frmpayslate::showStored(const EntryRecord& header) {
   facilities_.showTaken(entry.facilities);
   DisplayCurrency();
   holdWhole();
+  state_.loaded.stored = true;
   state_.loaded.entry.periodStart = header.periodStart;
   state_.loaded.entry.periodEnd = header.periodEnd;
   // What opens for reading deletes nothing.

@@ -102,7 +102,7 @@ void frmpayslate::pointOut(const Finding& finding) {
 }
 
 void frmpayslate::save() {
-  state_.lngEntryID = storeEntry(bas_, *helpers_.objCommonDB, record());
+  state_.lngEntryID = storeEntry(bas_, *helpers_.objCommonDB, record(), state_.loaded);
 }
 
 void frmpayslate::cmdOk_Click() {

@@ -28,7 +28,10 @@ struct Words {
   std::string errandConnect;
   ShowWish show;
   std::string date;
+  JournalWish journal;
 };
+
+const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
 
 using Command = std::function<ExitCode()>;
 
@@ -41,13 +44,14 @@ class Commands {
     addDemo();
     addInit();
     addErrand();
+    addJournal();
     addShow();
   }
 
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, errand or show.");
+    throw Refusal("A command is missing: demo, init, errand, show or journal.");
   }
 
  private:
@@ -83,12 +87,39 @@ class Commands {
     });
   }
 
+  void addJournal() {
+    CLI::App* parser = app_.add_subcommand(
+        "journal", "Shows who stored, changed and cancelled an entry; seals and proves the journal");
+    JournalWish& wish = words_.journal;
+    parser->add_option("--connect", wish.connect, connectHelp)->required();
+    parser->add_option("--company", wish.company, "The company")->required()->check(shortNumber);
+    parser->add_option("--user", wish.user, "The user who seals")->check(shortNumber);
+    CLI::Option* entry = parser->add_option("--entry", wish.entry, "Shows the entry with this number");
+    CLI::Option* verify = parser->add_flag("--verify", wish.verifies, "Proves the journal")->excludes(entry);
+    CLI::Option* seal =
+        parser
+            ->add_option("--seal", wish.seal,
+                         "Adds a seal and prints it; with --verify, the seal to hold it against")
+            ->expected(0, 1)
+            ->excludes(entry);
+    parser->add_option("--format", wish.format, "How to write: table, csv, json")
+        ->transform(CLI::CheckedTransformer(reportFormats()));
+    commands_.emplace_back(parser, [this, seal, verify] {
+      JournalWish& given = words_.journal;
+      given.seals = seal->count() > 0 && verify->count() == 0;
+      if (given.seals && !given.seal.empty())
+        throw Refusal("--seal adds a seal of its own: a text goes with --verify.");
+      if (seal->count() > 0 && !given.seals && given.seal.empty())
+        throw Refusal("With --verify --seal takes the text of a seal.");
+      return journal(given, out_);
+    });
+  }
+
   void addShow() {
     CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
     scripted::HostSession& session = words_.show.session;
     session.title = "Payroll";
     parser->add_option("--connect", words_.show.connect, connectHelp)->required();
-    const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
     const CLI::Range longNumber(0, int{std::numeric_limits<std::int32_t>::max()});
     parser->add_option("--company", session.company, "The company")->required()->check(shortNumber);
     parser->add_option("--user", session.user, "The user who works")->required()->check(shortNumber);
@@ -166,7 +197,7 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     const bool extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
     problem = extra ? unexpected(app) : error.what();
     if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
-      problem = "There is no such command; use demo, init, errand or show, or --help";
+      problem = "There is no such command; use demo, init, errand, show or journal, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

@@ -1,12 +1,14 @@
 // The commands of payroll-host, one source file each.
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "host/Refusal.h"
+#include "host/Report.h"
 #include "host/Screen.h"
 #include "platform/scripted/HostSession.h"
 
@@ -30,9 +32,21 @@ struct ShowWish {
   scripted::HostSession session;
 };
 
+struct JournalWish {
+  std::string connect;
+  std::int16_t company = 0;
+  std::int16_t user = 0;  ///< Who seals.
+  std::string entry;      ///< The number of the entry to be shown.
+  bool seals = false;
+  bool verifies = false;
+  std::string seal;  ///< A seal that the journal is held against; empty: none.
+  ReportFormat format = ReportFormat::Table;
+};
+
 // Each throws Refusal for what it cannot do.
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
+ExitCode journal(const JournalWish& wish, std::ostream& out);
 ExitCode init(const std::string& connect, std::ostream& out);
 ExitCode show(const ShowWish& wish, const ScreenMaker& makeScreen);
 

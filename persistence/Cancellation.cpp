@@ -3,6 +3,8 @@
 
 #include "component/DatabaseValues.h"
 #include "component/Session.h"
+#include "persistence/EntryAmounts.h"
+#include "persistence/EntryJournal.h"
 #include "persistence/EntryReader.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/Transaction.h"
@@ -11,8 +13,6 @@
 namespace payslate {
 
 namespace {
-
-constexpr char quote = '\'';
 
 std::string userStatement(const Session& session) {
   return "select username from " + session.TableLinks["pusers"] +
@@ -30,11 +30,9 @@ std::string dropRecoveries(const Session& session, std::int32_t entryId) {
 }
 
 std::string markCancelled(const Session& session, std::int32_t entryId, const std::string& remark) {
-  std::string quoted;
-  for (const char character : remark) quoted.append(character == quote ? 2 : 1, character);
   return "update " + session.TableLinks["pempmonthlyentryheader"] +
-         " set emhCancelled=1,emhCancelledRemarks='" + quoted + "' where emhID='" + std::to_string(entryId) +
-         "' and emhCompanyID=" + session.companyText();
+         " set emhCancelled=1,emhCancelledRemarks=" + literal(remark) + " where emhID='" +
+         std::to_string(entryId) + "' and emhCompanyID=" + session.companyText();
 }
 
 std::string remarkOf(Session& session, const std::string& reason) {
@@ -53,17 +51,30 @@ std::optional<std::string> goneOrCancelled(Session& session, std::int32_t entryI
   return "Another clerk has cancelled this entry meanwhile. Nothing is changed.";
 }
 
+void journalCancellation(Session& session, std::int32_t entryId, const EntryAmounts& before) {
+  EntryAmounts after = before;
+  std::erase_if(after, [](const EntryAmount& amount) { return amount.key.kind == AmountKind::Recovery; });
+  after.push_back({{AmountKind::Entry, EntryItem::Cancelled}, "yes"});
+  EntryJournal journal(session, entryId);
+  journal.notice(before);
+  journal.add(JournalAction::Cancel, before, after);
+  journal.write();
+}
+
 }  // namespace
 
 std::optional<std::string> cancelEntry(Session& session, std::int32_t entryId, const std::string& reason) {
   const std::string remark = remarkOf(session, reason);
   ado::Transaction transaction(*session.adocon());
   if (auto sentence = goneOrCancelled(session, entryId)) return sentence;
+  EntryAmounts before;
+  if (session.keepsJournal()) before = readAmounts(session, {entryId, entryId})[entryId].amounts;
   session.adocon()->Execute(dropRecoveries(session, entryId));
   session.adocon()->Execute(markCancelled(session, entryId, remark));
   // Asked once the row is ours: now the payroll run has taken it already, or finds it cancelled.
   if (isProcessedEntry(session, entryId))
     return "The payroll run has taken this entry meanwhile. It is not cancelled.";
+  if (session.keepsJournal()) journalCancellation(session, entryId, before);
   transaction.commit();
   return {};
 }

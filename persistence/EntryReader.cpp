@@ -170,6 +170,19 @@ std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t em
   return {};
 }
 
+std::optional<std::int32_t> entryOfNumber(Session& session, const std::string& number) {
+  ado::Recordset rows = session.adocon()->Execute(
+      "select emhID from " + session.TableLinks["pempmonthlyentryheader"] +
+      " where emhCompanyID = " + session.companyText() + " and emhNo = " + literal(number));
+  if (rows.Eof()) return {};
+  return basic::CLng(rows.Fields(0).Value());
+}
+
+std::string numberOfEntry(Session& session, std::int32_t entryId) {
+  const auto header = firstHeader(session, headerStatement(session, entryId));
+  return header ? header->number : std::string();
+}
+
 bool isProcessedEntry(Session& session, std::int32_t entryId) {
   ado::Recordset processed;
   processed.Open(processedStatement(session, entryId), *session.adocon(), CursorType::ForwardOnly,

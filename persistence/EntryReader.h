@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "component/EntryRecord.h"
@@ -26,6 +27,10 @@ EntryRecord readHeader(Session& session, std::int32_t entryId);
 /// opened entry, the second asks: its statement reads cancelled entries too.
 std::optional<EntryRecord> liveInMonth(Session& session, std::int32_t employeeId, basic::Date date);
 std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t employeeId, basic::Date date);
+
+/// The company's entry with this number; its number, empty when there is no such entry.
+std::optional<std::int32_t> entryOfNumber(Session& session, const std::string& number);
+std::string numberOfEntry(Session& session, std::int32_t entryId);
 
 /// Has the payroll run taken the entry?
 bool isProcessedEntry(Session& session, std::int32_t entryId);

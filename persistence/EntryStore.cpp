@@ -7,8 +7,10 @@
 
 #include "component/Session.h"
 #include "persistence/Clashes.h"
+#include "persistence/EntryJournal.h"
 #include "persistence/EntryNumbers.h"
 #include "persistence/EntryWriter.h"
+#include "persistence/JournalRow.h"
 #include "platform/ado/Transaction.h"
 
 namespace payslate {
@@ -34,11 +36,31 @@ class TriedNumbers : public EntryNumbers {
   std::string number_;
 };
 
+/// Stores by the writer, and writes down what that changes.
+std::int32_t storeJournalled(Session& session, EntryWriter& writer, const EntryRecord& entry,
+                             const LoadedMonth& loaded) {
+  if (entry.id == 0) {
+    const std::int32_t id = writer.store(entry);
+    EntryJournal journal(session, id);
+    journal.add(JournalAction::Store, {}, amountsOf(entry));
+    journal.write();
+    return id;
+  }
+  EntryJournal journal(session, entry.id);
+  const EntryAmounts before = journal.amountsBefore(loaded);
+  writer.store(entry);
+  journal.add(JournalAction::Rewrite, before, amountsOf(entry));
+  journal.write();
+  return entry.id;
+}
+
 /// One try, rolled back with this function.
 std::int32_t storeOnce(Session& session, common::CommonDB& database, EntryNumbers& numbers,
-                       const EntryRecord& entry) {
+                       const EntryRecord& entry, const LoadedMonth& loaded) {
   ado::Transaction transaction(*session.adocon());
-  const std::int32_t id = EntryWriter(session, database, numbers).store(entry);
+  EntryWriter writer(session, database, numbers);
+  const std::int32_t id =
+      session.keepsJournal() ? storeJournalled(session, writer, entry, loaded) : writer.store(entry);
   transaction.commit();
   return id;
 }
@@ -72,12 +94,12 @@ void randomPause(int retry) {
 }
 
 std::int32_t storeEntry(Session& session, common::CommonDB& database, const EntryRecord& entry,
-                        const RetryPause& pause) {
+                        const LoadedMonth& loaded, const RetryPause& pause) {
   for (int retry = 1;; ++retry) {
     StoredEntryNumbers next(session, database);
     TriedNumbers numbers(next);
     try {
-      return storeOnce(session, database, numbers, entry);
+      return storeOnce(session, database, numbers, entry, loaded);
     } catch (ado::Error& error) {
       if (verdictOn(error, session, entry, numbers) == Verdict::GiveUp || retry > mostRetries) throw;
     }

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "component/EntryRecord.h"
+#include "component/LoadedMonth.h"
 
 namespace payslate {
 
@@ -24,8 +24,10 @@ void randomPause(int retry);
 /// Where another clerk took its identifier or number at the same moment, or the database gave this
 /// transaction up for another's, it is tried again, whole, up to 3 times. An error (ado::Error,
 /// basic::ValueError) comes when the transaction is rolled back; where another clerk's entry stands in the
-/// way it says which and what to do. The helper must have its connection.
+/// way it says which and what to do. Where a journal is kept it gets a row for each amount that changes, in
+/// the same transaction; `loaded` says what a rewritten entry was before. The helper must have its
+/// connection.
 std::int32_t storeEntry(Session& session, common::CommonDB& database, const EntryRecord& entry,
-                        const RetryPause& pause = randomPause);
+                        const LoadedMonth& loaded, const RetryPause& pause = randomPause);
 
 }  // namespace payslate

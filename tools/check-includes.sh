@@ -19,15 +19,15 @@ platform/scripted  : platform/basic platform/ui
 platform/common    : platform/basic platform/ado platform/ui
 schema             : platform/basic platform/ado
 component          : $platform
-persistence        : component platform/basic platform/ado platform/common
+persistence        : component platform/basic platform/ado platform/common <openssl/
 review             : component platform/basic
 facilities         : component $platform
 paycomponents      : component $platform
 entry              : component facilities paycomponents persistence review $platform
 browser            : component persistence review entry $platform
-payslate           : component browser $platform platform/providers
+payslate           : component persistence browser $platform platform/providers
 desktop            : platform/basic platform/ui <Q
-host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/
+host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/ <nlohmann/
 host/example       : payslate desktop $platform
 tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
 tools/tsqlserver   : $databases <CLI/ <arpa/ <netinet/ <poll.h> <sys/ <unistd.h>

@@ -3,7 +3,7 @@
 # the tests as well, "setup.sh lint" those of tools/lint.sh. Does nothing, and needs no rights, when all are there.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libsqlite3-dev unixodbc-dev libcli11-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
+packages=(g++ cmake ninja-build libsqlite3-dev libssl-dev unixodbc-dev libcli11-dev nlohmann-json3-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
           libxcb-cursor0 fonts-dejavu-core)
 case "${1:-run}" in
   run) ;;

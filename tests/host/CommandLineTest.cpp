@@ -81,6 +81,12 @@ std::vector<std::string> showing(const std::string& connect, const std::string& 
           "--interface", "40001",     "--year", "2026",      "--date", date};
 }
 
+std::vector<std::string> journal(const std::string& connect, const std::vector<std::string>& words) {
+  std::vector<std::string> all{"journal", "--connect", connect, "--company", "1"};
+  all.insert(all.end(), words.begin(), words.end());
+  return all;
+}
+
 TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
   ASSERT_EQ(call({"init", "--connect", "payroll.db"}).code, 0);
   write("notes.txt", std::string(5000, 'x'));
@@ -110,6 +116,8 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
       {{"errand", "right.errand", "wrong.errand"}, "wrong.errand:2: there is no instruction \"clik\""},
       {{"errand", "right.errand", "--connect", "none.db"}, "none.db does not exist"},
       {{"show", "--connect", "payroll.db"}, "--company"},
+      {journal("payroll.db", {}), "knows no company 1"},
+      {journal("none.db", {}), "none.db does not exist"},
       {showing(""), "The connection string is empty"},
       {showing("none.db"), "none.db does not exist"},
       {showing("notes.txt"), "'notes.txt' cannot be opened: "},
@@ -236,6 +244,41 @@ TEST_F(CommandLine, TheUnwatchedDemoEntersOneMoreEmployeeEachTime) {
   EXPECT_EQ(last.code, 0) << last.out << last.err;
   EXPECT_NE(last.out.find("nothing left to enter"), std::string::npos) << last.out;
   EXPECT_EQ(std::stoi(valueOf("demo.db", count)), entries + 1);
+}
+
+TEST_F(CommandLine, TheJournalIsShownSealedAndProved) {
+  ASSERT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
+  const auto said = [this](const std::vector<std::string>& words, int code) {
+    const Outcome outcome = call(journal("demo.db", words));
+    EXPECT_EQ(outcome.code, code) << outcome.err;
+    return outcome.out + outcome.err;
+  };
+  const auto expectIn = [](const std::string& text, const std::string& part) {
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+  };
+  expectIn(said({"--entry", "EN65"}, 0),
+           "Imke Overgaard  Changed    Paid                               normal  cash");
+  const std::string csv = said({"--entry", "EN65", "--format", "csv"}, 0);
+  EXPECT_EQ(csv.find("sequence,time,user,done,what,before,after,hash\n1,20"), 0U) << csv;
+  expectIn(csv, ",Imke Overgaard,Entered,\"Salary carried forward, paid out\",,300.00,");
+  expectIn(said({"--entry", "EN65", "--format", "json"}, 0), "\"what\": \"Allowance House rent\"");
+  std::string seal = said({"--seal", "--user", "1"}, 0);
+  EXPECT_EQ(seal.find("1-1-"), 0U);
+  seal.pop_back();
+  expectIn(said({"--verify", "--seal", seal}, 0), "The journal is as it was written.");
+  openDatabase("demo.db")->Execute("update pEntryJournal set ejAfter = '9' where ejSequence = 9");
+  openDatabase("demo.db")->Execute("update pempmonthlyentryheader set emhbasicpay = 1 where emhNo = 'EN65'");
+  const std::string faults = said({"--verify", "--format", "csv"}, 1);
+  expectIn(faults, "entry,fault,what\nEN65,journal,\"row 9 was changed, ");
+  expectIn(faults, "\nEN65,entry,\"entry basic pay is 1.00, and in the journal 28000.00\"\n");
+  expectIn(said({"--verify", "--seal", "1-1-0"}, 1), "not the one of the seal 1-1-0");
+  expectIn(said({}, 2), "Say what to do with the journal: --entry NUMBER, --seal, or --verify.");
+  expectIn(said({"--seal", seal}, 2), "a text goes with --verify");
+  expectIn(said({"--verify", "--seal"}, 2), "takes the text of a seal");
+  expectIn(said({"--entry", "EN'"}, 2), "no entry with the number EN'.");
+  expectIn(said({"--entry", "EN65", "--format", "xml"}, 2), "--format");
+  openDatabase("demo.db")->Execute("delete from linkTable where tablename = 'pEntryJournal'");
+  expectIn(said({"--verify"}, 2), "No journal of entries is kept in this database");
 }
 
 }  // namespace

@@ -14,11 +14,10 @@
 #include "platform/common/CommonDB.h"
 #include "schema/schema.h"
 #include "tests/ado/ForwardingProvider.h"
+#include "tests/persistence/DemoEntry.h"
 
 namespace payslate {
 namespace {
-
-constexpr std::int32_t employee = 101;
 
 /// Others at work in the database: headers are refused so many times, and what they store meanwhile is there
 /// once the transaction is rolled back.
@@ -90,30 +89,6 @@ class EntryStore : public ::testing::Test {
       common::createObjectAs<common::CommonDB>(common::CommonDB::registeredName);
   CountedNumbers numbers;
 };
-
-/// One row of every kind, numbered as lists number theirs, in the order in which they are read again.
-EntryRecord everyKind() {
-  EntryRecord entry;
-  entry.date = basic::Date::fromCalendar(2026, 4, 30);
-  entry.employeeId = employee;
-  entry.paidCash = PaidCash::OnHold;
-  entry.basicPay = "28000.5";
-  entry.periodStart = basic::Date::fromCalendar(2026, 4, 1);
-  entry.periodEnd = basic::Date::fromCalendar(2026, 4, 30);
-  entry.allowances = {{"1", "House rent", "3000.00", "1", AllowKind::Standing, "Rs"},
-                      {"2", "Travel", "12.34", "4", AllowKind::Added, "$"},
-                      {"3", balanceDescription, "500.00", "500.00", AllowKind::CarriedForward, "Rs"}};
-  entry.deductions = {{"1", "Canteen", "300.25", "2", DeductKind::Standing, "Rs", ""},
-                      {"2", "House loan", "3500.50", "2", DeductKind::Loan, "Rs", "2"},
-                      {"3", "Thrift", "250.00", "1", DeductKind::Savings, "Rs", "1"},
-                      {"4", "Vehicle recovery", "700.75", "3", DeductKind::Facility, "Rs", ""},
-                      {"5", "Late hours", "125.00", "4", DeductKind::Hourly, "Rs", ""},
-                      {"6", "Union fee", "0.05", "7", DeductKind::Added, "Rs", ""},
-                      {"7", carryForwardDescription, "100.00", "100.00", DeductKind::CarriedForward, "Rs"}};
-  entry.facilities = {{1, "1", "FT-1", "Motor cycle", "500", "450", "450", "3", "Rs"},
-                      {2, "2", "FT-2", "Motor cycle", "250.75", "250.75", "250.75", "3", "Rs"}};
-  return entry;
-}
 
 void expectEqual(const EntryRecord& stored, const EntryRecord& written) {
   EXPECT_EQ(stored.number, written.number);
@@ -209,7 +184,7 @@ TEST_F(EntryStore, TriesAgainWhereOthersWereFasterAndOnlyThere) {
     std::string said;
     try {
       const std::int32_t stored =
-          storeEntry(session, *database, everyKind(), [&](int retry) { EXPECT_EQ(retry, ++retries); });
+          storeEntry(session, *database, everyKind(), {}, [&](int retry) { EXPECT_EQ(retry, ++retries); });
       EXPECT_EQ(read(stored).number, one.number);
       EXPECT_EQ(read(stored).deductions, everyKind().deductions);
     } catch (const ado::Error& error) {
@@ -229,12 +204,12 @@ TEST_F(EntryStore, TriesAgainWhereOthersWereFasterAndOnlyThere) {
 
 TEST_F(EntryStore, MovesNoEntryToAPeriodThatHasOne) {
   EntryRecord entry = everyKind();
-  entry.id = storeEntry(session, *database, entry);
+  entry.id = storeEntry(session, *database, entry, {});
   session.adocon()->Execute(header(1, 900, "X1", "2026/05/01"));
   session.adocon()->Execute("drop index uxMonthlyEntryLive on pempmonthlyentryheader");
-  EXPECT_EQ(storeEntry(session, *database, entry), entry.id) << "its own period is its own";
+  EXPECT_EQ(storeEntry(session, *database, entry, {}), entry.id) << "its own period is its own";
   entry.periodStart = basic::Date::fromCalendar(2026, 5, 1);
-  EXPECT_THROW(storeEntry(session, *database, entry), ado::Error);
+  EXPECT_THROW(storeEntry(session, *database, entry, {}), ado::Error);
 }
 
 TEST_F(EntryStore, ACancelledEntryGivesItsRecoveriesUpAndIsNotRewritten) {

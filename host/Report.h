@@ -1,0 +1,26 @@
+// Rows for people and for programs.
+#pragma once
+
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace payslate::host {
+
+enum class ReportFormat { Table, Csv, Json };
+
+/// The formats by the names that the command line gives them.
+const std::map<std::string, ReportFormat>& reportFormats();
+
+/// Texts in rows, each with as many as there are headings.
+struct Report {
+  std::vector<std::string> headings;
+  std::vector<std::vector<std::string>> rows;
+};
+
+/// A table is aligned, columns of numbers to the right. CSV goes by RFC 4180, its lines end in \n. JSON is an
+/// array of objects whose members are the headings and whose values are texts.
+void write(std::ostream& out, const Report& report, ReportFormat format);
+
+}  // namespace payslate::host
