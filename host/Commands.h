@@ -34,6 +34,7 @@ struct ShowWish {
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode init(const std::string& connect, std::ostream& out);
+ExitCode upgrade(const std::string& connect, std::ostream& out);
 ExitCode show(const ShowWish& wish, const ScreenMaker& makeScreen);
 
 }  // namespace payslate::host
