@@ -34,12 +34,12 @@ Dump dumped(const std::string& path) {
   Dump dump;
   dump[""] = texts(file, "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL ORDER BY sql");
   for (const std::string& table : texts(file, "SELECT name FROM sqlite_schema WHERE type = 'table'")) {
-    const std::string row = texts(file,
-                                  "SELECT group_concat('quote(\"' || name || '\")', ' || '' '' || ') FROM"
-                                  " pragma_table_info('" +
-                                      table + "')")
-                                .front();
-    dump[table] = texts(file, "SELECT " + row + " FROM \"" + table + "\" ORDER BY 1");
+    std::string columns =
+        "SELECT group_concat('quote(\"' || name || '\")', ' || '' '' || ') FROM pragma_table_info('";
+    columns.append(table).append("')");
+    std::string rows = "SELECT ";
+    rows.append(texts(file, columns).front()).append(" FROM \"").append(table).append("\" ORDER BY 1");
+    dump[table] = texts(file, rows);
   }
   return dump;
 }
