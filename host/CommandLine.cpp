@@ -24,6 +24,7 @@ constexpr const char* connectHelp = "The database: the path of a file, or a conn
 struct Words {
   DemoWish demo;
   std::string initConnect;
+  std::string upgradeConnect;
   ErrandWish errand;
   std::string errandConnect;
   ShowWish show;
@@ -43,6 +44,7 @@ class Commands {
     app.require_subcommand(0, 1);  // None is told apart below, after wrong options.
     addDemo();
     addInit();
+    addUpgrade();
     addErrand();
     addJournal();
     addShow();
@@ -51,7 +53,7 @@ class Commands {
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, errand, show or journal.");
+    throw Refusal("A command is missing: demo, init, upgrade, errand, show or journal.");
   }
 
  private:
@@ -73,6 +75,14 @@ class Commands {
     CLI::App* parser = app_.add_subcommand("init", "Creates the payroll tables in a database without them");
     parser->add_option("--connect", words_.initConnect, connectHelp)->required();
     commands_.emplace_back(parser, [this] { return init(words_.initConnect, out_); });
+  }
+
+  void addUpgrade() {
+    CLI::App* parser = app_.add_subcommand(
+        "upgrade",
+        "Takes the payroll tables of an earlier program to the present schema, all of it or nothing");
+    parser->add_option("--connect", words_.upgradeConnect, connectHelp)->required();
+    commands_.emplace_back(parser, [this] { return upgrade(words_.upgradeConnect, out_); });
   }
 
   void addErrand() {
@@ -197,7 +207,7 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     const bool extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
     problem = extra ? unexpected(app) : error.what();
     if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
-      problem = "There is no such command; use demo, init, errand, show or journal, or --help";
+      problem = "There is no such command; use demo, init, upgrade, errand, show or journal, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

@@ -48,6 +48,7 @@ ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream&
 ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode journal(const JournalWish& wish, std::ostream& out);
 ExitCode init(const std::string& connect, std::ostream& out);
+ExitCode upgrade(const std::string& connect, std::ostream& out);
 ExitCode show(const ShowWish& wish, const ScreenMaker& makeScreen);
 
 }  // namespace payslate::host

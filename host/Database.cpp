@@ -7,16 +7,11 @@
 #include "host/Refusal.h"
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Recordset.h"
+#include "schema/upgrade.h"
 
 namespace payslate::host {
 
 namespace {
-
-// Connection strings may hold passwords: only paths are repeated.
-std::string nameOf(const std::string& connect) {
-  const ado::ConnectionString parsed(connect);
-  return parsed.isPath() ? "The database " + parsed.path() : "The database";
-}
 
 std::string trimmedEnd(std::string sentence) {
   while (sentence.ends_with('.')) sentence.pop_back();
@@ -59,11 +54,17 @@ bool holdsPayroll(ado::Connection& connection) {
   }
 }
 
-// The physical name of a table of the payroll, as the database itself links it.
-std::string linkedTable(ado::Connection& connection, const std::string& logical) {
-  ado::Recordset rows =
-      connection.Execute("select linktablename from linkTable where tablename = '" + logical + "'");
-  return rows.Eof() ? logical : rows.Fields(0).Text();
+void refuseLaterVersion(ado::Connection& connection, const std::string& name) {
+  int version = 0;
+  try {
+    version = schema::version(connection);
+  } catch (const ado::Error& error) {
+    refuse("It cannot be told which version the schema of the database has", error.Description);
+  }
+  if (version <= schema::presentVersion()) return;
+  throw Refusal(name + " has schema version " + std::to_string(version) +
+                ", and this program knows none after " + std::to_string(schema::presentVersion()) +
+                ": use a newer program.");
 }
 
 /// A file that is made for a database; goes again unless the database was filled.
@@ -103,9 +104,17 @@ bool isUnmadeFile(const std::string& connect) {
           std::filesystem::file_size(parsed.path(), unknown) == 0);
 }
 
+std::string databaseName(const std::string& connect) {
+  const ado::ConnectionString parsed(connect);
+  return parsed.isPath() ? "The database " + parsed.path() : "The database";
+}
+
 SharedConnection openDatabase(const std::string& connect) {
-  if (!connect.empty() && isMissingFile(connect)) throw Refusal(nameOf(connect) + " does not exist.");
-  return open(connect, connect);
+  if (!connect.empty() && isMissingFile(connect)) throw Refusal(databaseName(connect) + " does not exist.");
+  SharedConnection connection = open(connect, connect);
+  // What ends with its connection was never another program's.
+  if (!ado::ConnectionString(connect).isInMemory()) refuseLaterVersion(*connection, databaseName(connect));
+  return connection;
 }
 
 SharedConnection openPayroll(const std::string& connect) {
@@ -113,7 +122,7 @@ SharedConnection openPayroll(const std::string& connect) {
   try {
     connection->Execute(payrollProbe);
   } catch (const ado::Error& error) {
-    refuse(nameOf(connect) + " holds no payroll", error.Description);
+    refuse(databaseName(connect) + " holds no payroll", error.Description);
   }
   return connection;
 }
@@ -125,14 +134,15 @@ SharedConnection createPayroll(const std::string& connect,
   const auto refuseFilled = [&] {
     if (!holdsPayroll(*connection)) return;
     file.keep();
-    throw Refusal(nameOf(connect) + " holds payroll tables already.");
+    throw Refusal(databaseName(connect) + " holds payroll tables already.");
   };
+  if (!file.isMade()) refuseLaterVersion(*connection, databaseName(connect));
   refuseFilled();
   try {
     fill(*connection);
   } catch (const std::exception& error) {
     refuseFilled();  // Somebody else was faster.
-    refuse(nameOf(connect) + " was not set up", error.what());
+    refuse(databaseName(connect) + " was not set up", error.what());
   }
   file.keep();
   return connection;
@@ -141,9 +151,9 @@ SharedConnection createPayroll(const std::string& connect,
 void requireCompany(ado::Connection& connection, int company) {
   const std::string number = std::to_string(company);
   try {
-    if (hasRow(connection, "select companyID from " + linkedTable(connection, "psettings") +
+    if (hasRow(connection, "select companyID from " + schema::linkedTable(connection, "psettings") +
                                " where companyID = " + number) ||
-        hasRow(connection, "select eCompanyID from " + linkedTable(connection, "pemployee") +
+        hasRow(connection, "select eCompanyID from " + schema::linkedTable(connection, "pemployee") +
                                " where eCompanyID = " + number))
       return;
   } catch (const ado::Error& error) {

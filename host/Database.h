@@ -11,7 +11,11 @@ namespace payslate::host {
 
 using SharedConnection = std::shared_ptr<ado::Connection>;
 
-/// Opens a database that exists; Refusal when it cannot be opened. Creates nothing.
+/// A database for messages: connection strings may hold passwords, so only paths are repeated.
+std::string databaseName(const std::string& connect);
+
+/// Opens a database that exists; Refusal when it cannot be opened, or when its schema is of a later version
+/// than this program's. Creates nothing.
 SharedConnection openDatabase(const std::string& connect);
 
 /// As openDatabase, and the payroll tables must be there.

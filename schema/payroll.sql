@@ -12,6 +12,13 @@ create table linkTable (
   tablename varchar(60) not null primary key,
   linktablename varchar(60) not null)
 go
+-- The version of this schema, in one row. Whoever changes what follows gives it the next number, and adds the step
+-- that takes earlier databases there to steps.cpp.
+create table pSchemaVersion (
+  svVersion int not null)
+go
+insert into pSchemaVersion (svVersion) values (1)
+go
 create table psettings (
   companyID smallint not null primary key,
   NoOfPreviousDays int,

@@ -39,7 +39,7 @@ tests/odbc         : $databases platform/odbc <gtest/
 tests/ui           : platform/basic platform/ui <gtest/
 tests/scripted     : platform/basic platform/ui platform/scripted <gtest/
 tests/schema       : $databases schema tests/server <gtest/
-tests/host         : host schema payslate $platform platform/scripted tests/ado <gtest/
+tests/host         : host schema payslate $platform platform/scripted platform/sqlite tests/ado <gtest/
 tests/desktop      : desktop platform/basic platform/ui <Q <gtest/
 tests/errands      : host desktop tests/server
 tests/component    : component persistence facilities paycomponents entry browser payslate host schema \

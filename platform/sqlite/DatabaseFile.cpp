@@ -1,58 +1,19 @@
-// The database handle and its errors.
+// The database handle and its statements.
 #include "platform/sqlite/DatabaseFile.h"
 
 #include <sqlite3.h>
 
-#include <array>
+#include <utility>
 
+#include "platform/sqlite/Failures.h"
 #include "platform/sqlite/Functions.h"
 #include "platform/sqlite/RowCursor.h"
-#include "platform/tsql/Schema.h"
 
 namespace payslate::sqlite {
 
 namespace {
 
 constexpr std::size_t mostIdleStatements = 256;
-constexpr const char* source = "payslate.sqlite";
-constexpr int mostBytesOfText = 1 << 24;
-constexpr int primaryCodeMask = 0xff;
-
-std::string afterColon(const std::string& message) {
-  const std::size_t colon = message.find(": ");
-  return colon == std::string::npos ? message : message.substr(colon + 2);
-}
-
-std::string constraintSentence(int code, const std::string& message) {
-  std::string what = afterColon(message);
-  // The companion of a unique index, for rows with a Null, is not told apart.
-  if (const std::size_t companion = what.find(tsql::nullIndexSuffix + std::string("'"));
-      companion != std::string::npos) {
-    what.erase(companion, std::string_view(tsql::nullIndexSuffix).size());
-  }
-  switch (code) {
-    case SQLITE_CONSTRAINT_NOTNULL:
-      return "The column '" + what + "' must not be Null.";
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID:
-      return "There is a row with the same values already (" + what + "): they must be unique.";
-    case SQLITE_CONSTRAINT_CHECK:
-      return "A value is refused by the table's check " + what + ".";
-    default:
-      return "A value is refused by the table: " + message + ".";
-  }
-}
-
-// For a join the library may put a filter before an index, one that it makes by itself or, where the file has
-// statistics, one of the table's. The filter hashes the stored bytes, and loses rows whose values our
-// collations call equal. The pragma keeps it away from its own indexes; the switch, which has no public name,
-// from all.
-void neverFilterByHash(sqlite3* handle) {
-  constexpr unsigned bloomFilter = 0x00080000;
-  sqlite3_exec(handle, "PRAGMA automatic_index = OFF", nullptr, nullptr, nullptr);
-  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, handle, bloomFilter);
-}
 
 }  // namespace
 
@@ -61,7 +22,7 @@ ado::Error toAdoError(const tsql::SqlError& error) {
 }
 
 Statement::Statement(DatabaseFile& file, std::string sql, sqlite3_stmt* handle)
-    : file_(file), sql_(std::move(sql)), handle_(handle) {}
+    : file_(file), sql_(std::move(sql)), handle_(handle), quiet_(file.quiet_) {}
 
 Statement::~Statement() {
   file_.giveBack(sql_, handle_);
@@ -90,6 +51,12 @@ void Statement::bind(const std::vector<tsql::Cell>& values) {
 bool Statement::step() {
   file_.functionError.reset();
   const int code = sqlite3_step(handle_);
+  // Without locks a row, or an error, may come from a file that is just being written.
+  if (quiet_ && !quiet_->isUnchanged()) {
+    reset();
+    throw ado::Error("The database file was changed by another program while it was read: ask again.",
+                     "40001", failureSource);
+  }
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) {
     reset();
@@ -121,33 +88,28 @@ tsql::Cell Statement::column(std::size_t index) const {
   }
 }
 
-DatabaseFile::DatabaseFile(const std::string& path, bool create, int busyMilliseconds) {
-  const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_EXRESCODE;
-  const int code = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
-  try {
-    if (code != SQLITE_OK) {
-      const ado::Error reason = error(code);
-      throw ado::Error("'" + path + "' cannot be opened: " + reason.Description, "08001", reason.Source,
-                       reason.Number, reason.NativeError);
-    }
-    sqlite3_busy_timeout(handle_, busyMilliseconds);
-    // A quoted name that does not exist is an error, and never a text.
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    sqlite3_limit(handle_, SQLITE_LIMIT_LENGTH, mostBytesOfText);
-    neverFilterByHash(handle_);
-    registerFunctions(handle_, *this);
-  } catch (...) {
-    sqlite3_close(handle_);
-    throw;
-  }
+DatabaseFile::DatabaseFile(FileWish wish) : wish_(std::move(wish)) {
+  open();
+}
+
+void DatabaseFile::open() {
+  OpenedFile file = openFile(wish_);
+  registerFunctions(file.handle.get(), *this);
+  dropIdleStatements();
+  handle_ = std::move(file.handle);
+  quiet_ = std::move(file.quiet);
+}
+
+bool DatabaseFile::followOthers() {
+  if (!quiet_ || inTransaction() || (quiet_->isUnchanged() && QuietFile::isQuiet(wish_.path))) return false;
+  open();
+  return true;
 }
 
 DatabaseFile::~DatabaseFile() {
   // Cursors that are still about give their statements back here, before the handle goes.
   for (RowCursor* cursor : std::set<RowCursor*>(cursors_)) cursor->detach();
   dropIdleStatements();
-  sqlite3_close_v2(handle_);
 }
 
 std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
@@ -159,7 +121,7 @@ std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
   }
   sqlite3_stmt* handle = nullptr;
   functionError.reset();
-  const int code = sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size()),
+  const int code = sqlite3_prepare_v3(handle_.get(), sql.c_str(), static_cast<int>(sql.size()),
                                       SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
   if (code != SQLITE_OK) throw error(code);
   return std::make_unique<Statement>(*this, sql, handle);
@@ -168,6 +130,10 @@ std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
 void DatabaseFile::giveBack(const std::string& sql, sqlite3_stmt* handle) {
   sqlite3_reset(handle);
   sqlite3_clear_bindings(handle);
+  if (sqlite3_db_handle(handle) != handle_.get()) {  // The file was opened anew meanwhile.
+    sqlite3_finalize(handle);
+    return;
+  }
   if (idle_.size() >= mostIdleStatements) dropIdleStatements();
   idle_.emplace(sql, handle);
 }
@@ -179,13 +145,13 @@ void DatabaseFile::dropIdleStatements() {
 
 void DatabaseFile::refuseLostFile() const {
   int lost = 0;  // Stays so where a system does not let go of open files, and for a database in memory.
-  sqlite3_file_control(handle_, "main", SQLITE_FCNTL_HAS_MOVED, &lost);
+  sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &lost);
   if (lost == 0) return;
   throw ado::Error(
-      "The database file '" + std::string(sqlite3_db_filename(handle_, "main")) +
+      "The database file '" + std::string(sqlite3_db_filename(handle_.get(), "main")) +
           "' was deleted, moved or replaced while it was open: nothing is stored until it is back "
           "or opened again.",
-      "08S01", source);
+      "08S01", failureSource);
 }
 
 void DatabaseFile::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
@@ -212,11 +178,11 @@ std::int64_t DatabaseFile::number(const std::string& sql) {
 }
 
 std::int64_t DatabaseFile::changedRows() const {
-  return sqlite3_changes64(handle_);
+  return sqlite3_changes64(handle_.get());
 }
 
 bool DatabaseFile::isReadOnly() const {
-  return sqlite3_db_readonly(handle_, "main") == 1;
+  return sqlite3_db_readonly(handle_.get(), "main") == 1;
 }
 
 void DatabaseFile::begin() {
@@ -243,7 +209,7 @@ void DatabaseFile::rollback() {
 }
 
 bool DatabaseFile::holdsTransaction() const {
-  return sqlite3_get_autocommit(handle_) == 0;
+  return sqlite3_get_autocommit(handle_.get()) == 0;
 }
 
 void DatabaseFile::settleCursors() {
@@ -262,45 +228,7 @@ ado::Error DatabaseFile::described(int code) {
     functionError.reset();
     return thrown;
   }
-  const std::string message = handle_ != nullptr ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
-  const auto made = [&](const std::string& description, const char* sqlState) {
-    return ado::Error(description, sqlState, source, 0, code);
-  };
-  switch (code & primaryCodeMask) {
-    case SQLITE_CONSTRAINT:
-      return made(constraintSentence(code, message), tsql::state::constraint);
-    case SQLITE_BUSY:
-      return made("The database is locked by another user. Try again in a moment.", "HYT00");
-    case SQLITE_CORRUPT:
-      return made("The database file is damaged.", tsql::state::general);
-    case SQLITE_TOOBIG:
-      return made("A text is longer than the database can hold.", tsql::state::truncation);
-    case SQLITE_NOTADB:
-      return made("The file is not a database.", tsql::state::general);
-    case SQLITE_CANTOPEN:
-      return made("The database file cannot be opened.", "08001");
-    case SQLITE_READONLY:
-      return made("The database file cannot be written.", "25006");
-    case SQLITE_FULL:
-      return made("The disk is full.", tsql::state::general);
-    case SQLITE_IOERR:
-      if (code == SQLITE_IOERR_SHMSIZE) return made("The disk is full.", tsql::state::general);
-      return made("The disk cannot be read or written (" + message + ").", tsql::state::general);
-    default:
-      break;
-  }
-  if (message.starts_with("no such index"))
-    return made("There is no index '" + afterColon(message) + "'.", "42S12");
-  if (message.find("already exists") != std::string::npos)
-    return made("There is an object of that name already: " + message + ".", "42S01");
-  // The database's own parser gives up on expressions that nest too deep.
-  for (const char* limit : {"parser stack overflow", "maximum depth", "too many"}) {
-    if (message.find(limit) != std::string::npos) {
-      return made("The statement is nested too deeply, or is too large (" + message + ").",
-                  tsql::state::syntax);
-    }
-  }
-  return made(message, tsql::state::general);
+  return failure(handle_.get(), code);
 }
 
 }  // namespace payslate::sqlite

@@ -12,10 +12,10 @@
 
 #include "platform/ado/Error.h"
 #include "platform/ado/TransactionState.h"
+#include "platform/sqlite/Opening.h"
 #include "platform/tsql/Cell.h"
 #include "platform/tsql/SqlError.h"
 
-struct sqlite3;
 struct sqlite3_stmt;
 
 namespace payslate::sqlite {
@@ -41,13 +41,13 @@ class Statement {
   DatabaseFile& file_;
   std::string sql_;
   sqlite3_stmt* handle_;
+  std::shared_ptr<const QuietFile> quiet_;
 };
 
 /// Everything that one connection shares with its cursors. Not for several threads at once.
 class DatabaseFile {
  public:
-  /// Opens the file; makes it when `create` says so. `busyMilliseconds` is how long a lock is waited for.
-  DatabaseFile(const std::string& path, bool create, int busyMilliseconds);
+  explicit DatabaseFile(FileWish wish);
   ~DatabaseFile();
   DatabaseFile(const DatabaseFile&) = delete;
   DatabaseFile& operator=(const DatabaseFile&) = delete;
@@ -61,6 +61,9 @@ class DatabaseFile {
   [[nodiscard]] std::int64_t changedRows() const;
   /// May the file be read alone?
   [[nodiscard]] bool isReadOnly() const;
+  /// Opens a file that is read without locks anew when others have changed it, or are about to. True when it
+  /// did: what the connection had made for itself is gone.
+  bool followOthers();
 
   void begin();  ///< Takes the write lock.
   void commit();
@@ -84,11 +87,14 @@ class DatabaseFile {
 
  private:
   friend class Statement;
+  void open();
   void giveBack(const std::string& sql, sqlite3_stmt* handle);
   [[nodiscard]] ado::Error described(int code);
   void refuseLostFile() const;
 
-  sqlite3* handle_ = nullptr;
+  FileWish wish_;
+  Handle handle_;
+  std::shared_ptr<const QuietFile> quiet_;
   ado::TransactionState transaction_;
   std::multimap<std::string, sqlite3_stmt*, std::less<>> idle_;
   std::set<RowCursor*> cursors_;

@@ -23,12 +23,10 @@ constexpr const char* source = "payslate.sqlite";
 constexpr int defaultBusyMilliseconds = 5000;
 constexpr std::size_t mostTranslations = 1000;
 
-/// PATH;Create=True;BusyTimeout=milliseconds
+/// PATH;Create=True;ReadOnly=True;BusyTimeout=milliseconds
 struct Options {
-  std::string path;
+  FileWish file;
   bool inMemory = false;
-  bool create = false;
-  int busyMilliseconds = defaultBusyMilliseconds;
 };
 
 [[noreturn]] void refuse(const std::string& sentence, const char* sqlState = "08001") {
@@ -36,14 +34,19 @@ struct Options {
 }
 
 Options optionsOf(const ado::ConnectionString& connection) {
-  Options options{connection.path(), connection.isInMemory()};
+  Options options{{.path = connection.path(), .busyMilliseconds = defaultBusyMilliseconds},
+                  connection.isInMemory()};
+  options.file.create = options.inMemory;
   for (const auto& [key, given] : connection.parts()) {
     const std::string name = basic::lower(key);
     const std::string value = basic::lower(given.value_or(""));
-    if (name == "create" && (value == "true" || value == "false")) {
-      options.create = value == "true";
+    const bool truth = value == "true" || value == "false";
+    if (name == "create" && truth) {
+      options.file.create = value == "true";
+    } else if (name == "readonly" && truth) {
+      options.file.readOnly = value == "true";
     } else if (name == "busytimeout" && basic::IsNumeric(value)) {
-      options.busyMilliseconds = basic::CLng(basic::Value(value));
+      options.file.busyMilliseconds = basic::CLng(basic::Value(value));
     } else {
       // What follows the name may be a password, of a string for another database.
       refuse("The option '" + key + "' of the connection string is not known.");
@@ -55,31 +58,30 @@ Options optionsOf(const ado::ConnectionString& connection) {
 void checkFile(const Options& options) {
   if (options.inMemory) return;
   std::error_code ignored;  // A path that cannot be looked at counts as missing.
-  if (options.path.empty() || !std::filesystem::exists(options.path, ignored)) {
-    if (!options.create || options.path.empty()) refuse("There is no database file '" + options.path + "'.");
+  if (options.file.path.empty() || !std::filesystem::exists(options.file.path, ignored)) {
+    if (!options.file.create || options.file.path.empty())
+      refuse("There is no database file '" + options.file.path + "'.");
     return;
   }
-  const bool file = std::filesystem::is_regular_file(options.path, ignored);
-  if (!file || (!options.create && std::filesystem::file_size(options.path, ignored) == 0)) {
-    refuse("'" + options.path + "' is not a database file.");
+  const bool file = std::filesystem::is_regular_file(options.file.path, ignored);
+  if (!file || (!options.file.create && std::filesystem::file_size(options.file.path, ignored) == 0)) {
+    refuse("'" + options.file.path + "' is not a database file.");
   }
 }
 
 class SqliteProvider : public ado::Provider {
  public:
-  explicit SqliteProvider(const Options& options)
-      : file_(options.path, options.create || options.inMemory, options.busyMilliseconds),
-        translator_(catalog_) {
+  explicit SqliteProvider(const Options& options) : file_(options.file), translator_(catalog_) {
     try {
-      if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
       file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
       StoredCatalog::prepare(file_);
-      file_.run("PRAGMA journal_mode = WAL");
-      file_.run("PRAGMA synchronous = FULL");
-      StoredCatalog::describe(file_);
-      reload();
+      if (!file_.isReadOnly()) {
+        file_.run("PRAGMA journal_mode = WAL");
+        file_.run("PRAGMA synchronous = FULL");
+      }
+      refresh();
     } catch (const ado::Error& error) {
-      throw ado::Error("'" + options.path + "' cannot be opened: " + error.Description, "08001", source,
+      throw ado::Error("'" + options.file.path + "' cannot be opened: " + error.Description, "08001", source,
                        error.Number, error.NativeError);
     }
   }
@@ -180,7 +182,7 @@ class SqliteProvider : public ado::Provider {
  private:
   // Translations are kept by text for as long as the catalog stays what it is.
   std::shared_ptr<const tsql::Translation> translated(std::string_view statement) {
-    if (file_.number("PRAGMA user_version") != version_) reload();
+    refresh();
     std::string text(statement);
     if (const auto known = translations_.find(text); known != translations_.end()) return known->second;
     try {
@@ -194,12 +196,20 @@ class SqliteProvider : public ado::Provider {
     }
   }
 
+  void refresh() {
+    if (file_.followOthers()) version_.reset();
+    if (version_ && StoredCatalog::version(file_) == *version_) return;
+    if (!version_) StoredCatalog::describe(file_);
+    reload();
+  }
+
   void reload() {
     translations_.clear();
     translator_.schemaChanged();
     file_.dropIdleStatements();
-    version_ = file_.number("PRAGMA user_version");
+    const std::int64_t version = StoredCatalog::version(file_);
     catalog_.load(file_);
+    version_ = version;  // A catalog that could not be loaded is tried again.
   }
 
   // All of it or nothing, inside a transaction or outside of one.
@@ -210,8 +220,6 @@ class SqliteProvider : public ado::Provider {
     try {
       for (const std::string& sql : translation.sql) file_.run(sql);
       StoredCatalog::record(file_, *translation.change);
-      const std::int64_t next = file_.number("PRAGMA user_version") + 1;
-      file_.run("PRAGMA user_version = " + std::to_string(next));
       file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     } catch (const ado::Error&) {
       if (file_.holdsTransaction()) {
@@ -225,7 +233,7 @@ class SqliteProvider : public ado::Provider {
   }
 
   const tsql::TableInfo& current(const std::string& table) {
-    if (file_.number("PRAGMA user_version") != version_) reload();
+    refresh();
     const tsql::TableInfo* info = catalog_.table(table);
     if (info == nullptr) refuse("There is no table '" + table + "'.", tsql::state::noSuchTable);
     return *info;
@@ -252,7 +260,7 @@ class SqliteProvider : public ado::Provider {
   StoredCatalog catalog_;
   tsql::Translator translator_;
   std::unordered_map<std::string, std::shared_ptr<const tsql::Translation>> translations_;
-  std::int64_t version_ = 0;
+  std::optional<std::int64_t> version_;  // None before the connection is told of the catalog's views.
   bool schemaTouched_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Parser.h"
+#include "platform/tsql/Schema.h"
 #include "platform/tsql/TokenStream.h"
 
 namespace payslate::sqlite {
@@ -20,23 +21,44 @@ constexpr const char* columnsTable =
     "NOT NULL, "
     "not_null INT NOT NULL, key_position INT NOT NULL, PRIMARY KEY (object, ordinal)) STRICT, WITHOUT ROWID";
 
-constexpr const char* tablesView = "INFORMATION_SCHEMA.TABLES";
 constexpr int longestName = 128;
 
-// TABLE_TYPE as the standard words it.
-std::string tablesViewText() {
-  return "CREATE TEMP VIEW " + tsql::quotedName(tablesView) +
-         " (TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE) AS SELECT 'dbo' COLLATE " + tsql::textCollation +
-         ", name COLLATE " + tsql::textCollation +
-         ", CASE kind WHEN 'table' THEN 'BASE TABLE' ELSE 'VIEW' END COLLATE " + tsql::textCollation +
-         " FROM main.catalog_objects WHERE kind IN ('table', 'view')";
-}
+/// What a statement may ask of the catalog, as servers offer it.
+struct CatalogView {
+  const char* name;
+  std::vector<tsql::ColumnInfo> columns;
+  std::string text;  ///< Of the select that fills it.
+};
 
-tsql::TableInfo tablesViewInfo() {
-  tsql::TableInfo info{tablesView, {}};
-  for (const char* column : {"TABLE_SCHEMA", "TABLE_NAME", "TABLE_TYPE"})
-    info.columns.push_back({column, tsql::Type::varchar(longestName), true});
-  return info;
+// A table's number is good for joining, and for nothing else. An index of a table is stored as "table.index"
+// in small letters; what stands beside it for rows with a Null, and what a key is kept by, are no indexes of
+// their own.
+std::vector<CatalogView> catalogViews() {
+  using tsql::Kind;
+  using tsql::Type;
+  const std::string collated = std::string(" COLLATE ") + tsql::textCollation;
+  const auto named = [](const char* name) {
+    return tsql::ColumnInfo{name, Type::varchar(longestName), true};
+  };
+  const auto numbered = [](const char* name) { return tsql::ColumnInfo{name, Type::of(Kind::Int), true}; };
+  // TABLE_TYPE as the standard words it.
+  return {{"INFORMATION_SCHEMA.TABLES",
+           {named("TABLE_SCHEMA"), named("TABLE_NAME"), named("TABLE_TYPE")},
+           "SELECT 'dbo'" + collated + ", name" + collated +
+               ", CASE kind WHEN 'table' THEN 'BASE TABLE' ELSE 'VIEW' END" + collated +
+               " FROM main.catalog_objects WHERE kind IN ('table', 'view')"},
+          {"sys.tables",
+           {named("name"), numbered("object_id")},
+           "SELECT o.name" + collated +
+               ", s.rootpage FROM main.catalog_objects o, main.sqlite_schema s"
+               " WHERE o.kind = 'table' AND s.type = 'table' AND s.name = o.name"},
+          {"sys.indexes",
+           {numbered("object_id"), named("name"), {"is_unique", Type::of(Kind::Bit), true}},
+           "SELECT t.rootpage, substr(i.name, length(t.name) + 2)" + collated +
+               ", i.sql LIKE 'CREATE UNIQUE %' FROM main.sqlite_schema i, main.sqlite_schema t"
+               " WHERE i.type = 'index' AND t.type = 'table' AND t.name = i.tbl_name AND i.sql IS NOT NULL"
+               " AND i.name NOT LIKE '%" +
+               std::string(tsql::nullIndexSuffix) + "'"}};
 }
 
 const char* kindName(tsql::ObjectKind kind) {
@@ -96,6 +118,30 @@ void recordColumns(DatabaseFile& file, const std::string& key, const tsql::Table
   }
 }
 
+// Where the file's head names the program behind it: "PSL" and a byte for the format. Files were without it
+// at first.
+constexpr std::int64_t formatMark =
+    std::int64_t{'P'} << 24 | std::int64_t{'S'} << 16 | std::int64_t{'L'} << 8;
+constexpr std::int64_t knownFormat = 1;
+constexpr std::int64_t formatBits = 0xff;
+
+void requireKnownFormat(DatabaseFile& file) {
+  const std::int64_t mark = file.number("PRAGMA application_id");
+  if (mark == 0) return;
+  const std::int64_t format = mark & formatBits;
+  if (mark - format != formatMark)
+    throw ado::Error("The file is a database of another program.", tsql::state::general, "payslate.sqlite");
+  if (format <= knownFormat) return;
+  throw ado::Error("The file has the format " + std::to_string(format) +
+                       " of a newer program; this one knows formats up to " + std::to_string(knownFormat) +
+                       ".",
+                   tsql::state::general, "payslate.sqlite");
+}
+
+void markFormat(DatabaseFile& file) {
+  file.run("PRAGMA application_id = " + std::to_string(formatMark + knownFormat));
+}
+
 }  // namespace
 
 const tsql::TableInfo* StoredCatalog::table(std::string_view name) const {
@@ -109,6 +155,7 @@ const std::string* StoredCatalog::procedureText(std::string_view name) const {
 }
 
 void StoredCatalog::prepare(DatabaseFile& file) {
+  requireKnownFormat(file);
   const std::string own =
       "SELECT count(*) FROM sqlite_schema WHERE name IN ('catalog_objects', 'catalog_columns')";
   constexpr std::int64_t ownTables = 2;
@@ -120,17 +167,30 @@ void StoredCatalog::prepare(DatabaseFile& file) {
   if (file.number(own) == 0) {  // Another process may have been faster.
     file.run(objectsTable);
     file.run(columnsTable);
+    markFormat(file);
   }
   file.run("COMMIT");
 }
 
 void StoredCatalog::describe(DatabaseFile& file) {
-  file.run(tablesViewText());
+  for (const CatalogView& view : catalogViews()) {
+    std::string columns;
+    for (const tsql::ColumnInfo& column : view.columns)
+      columns += (columns.empty() ? "" : ", ") + tsql::quotedName(column.name);
+    file.run("CREATE TEMP VIEW IF NOT EXISTS " + tsql::quotedName(view.name) + " (" + columns + ") AS " +
+             view.text);
+  }
+}
+
+std::int64_t StoredCatalog::version(DatabaseFile& file) {
+  return file.number("PRAGMA user_version");
 }
 
 void StoredCatalog::load(DatabaseFile& file) {
+  requireKnownFormat(file);
   tables_.clear();
-  tables_[tsql::lowerWord(tablesView)] = tablesViewInfo();
+  for (CatalogView& view : catalogViews())
+    tables_[tsql::lowerWord(view.name)] = tsql::TableInfo{view.name, std::move(view.columns)};
   views_.clear();
   procedures_.clear();
   const auto objects = file.prepare("SELECT key, kind, name, text FROM catalog_objects");
@@ -159,6 +219,12 @@ void StoredCatalog::load(DatabaseFile& file) {
 }
 
 void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change) {
+  recordObject(file, change);
+  file.run("PRAGMA user_version = " + std::to_string(version(file) + 1));
+  markFormat(file);
+}
+
+void StoredCatalog::recordObject(DatabaseFile& file, const tsql::SchemaChange& change) {
   using Action = tsql::SchemaChange::Action;
   if (change.kind == tsql::ObjectKind::Index) return;  // Indexes are the database's own affair.
   const std::string key = tsql::lowerWord(change.name);

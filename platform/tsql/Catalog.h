@@ -24,9 +24,9 @@ struct TableInfo {
   [[nodiscard]] const ColumnInfo* column(std::string_view columnName) const;
 };
 
-/// Names without regard to case. Only a query names INFORMATION_SCHEMA.TABLES, and so in full; elsewhere what
-/// stands before the last point of a name is left out. What a function returns stays valid until the schema
-/// changes.
+/// Names without regard to case. Only a query names what INFORMATION_SCHEMA and sys hold, and so in full;
+/// elsewhere what stands before the last point of a name is left out. What a function returns stays valid
+/// until the schema changes.
 class Catalog {
  public:
   virtual ~Catalog() = default;

@@ -180,7 +180,8 @@ std::unique_ptr<TableRef> QueryParser::tableSource() {
     }
     return table;
   }
-  const bool ofCatalog = tokens_.isWord("information_schema") && tokens_.isSign(".", 1);
+  const bool ofCatalog =
+      (tokens_.isWord("information_schema") || tokens_.isWord("sys")) && tokens_.isSign(".", 1);
   const std::string schema = ofCatalog ? tokens_.peek().text + "." : std::string();
   table->name = schema + tokens_.expectObjectName("a table");
   if (tokens_.isSign("(")) tokens_.unsupported("A table function or hint");

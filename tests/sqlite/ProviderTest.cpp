@@ -132,12 +132,37 @@ TEST_F(Files, ADamagedCatalogIsTold) {
       whole->execute("create procedure p as select 1 c");
       whole->execute("insert into t values ('x')");
     }
-    sqlite::DatabaseFile(path(), false, 0).run(damage);
+    sqlite::DatabaseFile({.path = path()}).run(damage);
     const std::string told = stateOf([&] {
       const auto provider = open(path());
       for (const char* statement : {"select a from t", "select * from v", "p"}) first(*provider, statement);
     });
     EXPECT_NE(told.find(sentence), std::string::npos) << damage << "\n  gave " << told;
+  }
+}
+
+TEST_F(Files, TheFormatHasANumberOfItsOwn) {
+  open(path() + ";Create=True")->execute("create table t (a int)");
+  const auto mark = [&](const std::string& number) {
+    sqlite::DatabaseFile({.path = path()}).run("PRAGMA application_id = " + number);
+  };
+  const auto marked = [&] { return sqlite::DatabaseFile({.path = path()}).number("PRAGMA application_id"); };
+  const std::int64_t known = marked();
+  EXPECT_NE(known, 0);
+  mark("0");  // As files were before.
+  const auto old = open(path());
+  EXPECT_EQ(first(*old, "select count(*) from t"), "0");
+  old->execute("insert into t values (1)");
+  EXPECT_EQ(marked(), 0);
+  old->execute("create index i on t (a)");
+  EXPECT_EQ(marked(), known);
+
+  const std::pair<std::int64_t, const char*> others[] = {
+      {known + 1, "format 2 of a newer program; this one knows"}, {known + 256, "another program"}};
+  for (const auto& [number, sentence] : others) {
+    mark(std::to_string(number));
+    const std::string told = stateOf([&] { open(path()); });
+    EXPECT_NE(told.find(sentence), std::string::npos) << told;
   }
 }
 
@@ -253,11 +278,12 @@ TEST(Provider, RowsAreInsertedAndRewrittenWithTheColumnsTypes) {
   const auto provider = open(":memory:");
   provider->execute(
       "create table t (k int not null primary key, n int default 7, d decimal(9,2), t datetime, s "
-      "varchar(5), f bit)");
+      "varchar(5), f bit, l varchar(max))");
   const std::string table = *provider->baseTable("select * from t");
   const auto insert = [&](const char* column, Value value, std::int64_t key) {
     return stateOf([&] { provider->insert(table, {{"K", key}, {column, std::move(value)}}); }).substr(0, 5);
   };
+  const std::string longText(9000, 'x');
   struct Row {
     const char* column;
     Value value;
@@ -280,6 +306,7 @@ TEST(Provider, RowsAreInsertedAndRewrittenWithTheColumnsTypes) {
       {"s", 12.25, "12.25"},
       {"f", true, "True"},
       {"f", std::string("false"), "False"},
+      {"l", longText, longText.c_str()},
       {"nope", true, "42S22"},
       {"s", basic::Null{}, ""},
   };
@@ -318,6 +345,13 @@ TEST(Provider, UniqueIndexesCompareAsTheServerDoes) {
   }
   provider->execute("insert into t values ('en1', 1, 1), (null, 2, 0), (null, 1, 1)");
   EXPECT_EQ(stateOf([&] { provider->execute("update t set live = 0"); }).substr(0, 5), "23000");
+  provider->execute("create index it on t (b)");
+  EXPECT_EQ(
+      first(*provider,
+            "select convert(varchar(9), count(*)) + max(i.name) from sys.tables t, sys.indexes i"
+            " where i.object_id = t.object_id and t.name = 'T' and i.name like 'U%' and i.is_unique = 1"),
+      "1ut");
+  EXPECT_EQ(first(*provider, "select count(*) from sys.indexes"), "2");
   EXPECT_EQ(stateOf([&] { provider->execute("drop index nope on t"); }).substr(0, 5), "42S12");
   provider->execute("drop index ut on t");
   provider->execute("update t set live = 0");

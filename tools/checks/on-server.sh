@@ -9,7 +9,8 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 export ASAN_OPTIONS=detect_leaks=0
 export PAYSLATE_TEST_CONNECT=$PAYSLATE_ODBC_TSQL
 log=$(mktemp)
-trap 'rm -f "$log"' EXIT
+errand=$(mktemp)
+trap 'rm -f "$log" "$errand"' EXIT
 
 # One line each when it passes, and everything when it does not.
 step() {
@@ -37,3 +38,22 @@ step "$build/tests/errands/payroll_host_tested" errand --window "$tests/errands/
 step "$(dirname "$0")/soak.sh" "$build" 3 5
 ! "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1
 grep -q 'holds payroll tables already' "$log"
+
+# The same database as it was before there were versions, and upgraded.
+cat >"$errand" <<'END'
+sql drop table pSchemaVersion
+sql drop table pEntryJournal
+sql delete from linkTable where tablename = 'pEntryJournal'
+sql drop index uxMonthlyEntryNumber on pempmonthlyentryheader
+sql update pempmonthlyentryheader set emhNo = 'EN1' where emhCompanyID = 1 and emhID < 5
+END
+step "$build/host/payroll-host" errand "$errand" --connect "$PAYSLATE_ODBC_TSQL"
+upgrade() { "$build/host/payroll-host" upgrade --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1; }
+! upgrade
+grep -q 'uxMonthlyEntryNumber .* more than once: emhCompanyID 1, emhNo EN1 (4 rows)' "$log"
+echo "sql update pempmonthlyentryheader set emhNo = null where emhNo = 'EN1'" >"$errand"
+step "$build/host/payroll-host" errand "$errand" --connect "$PAYSLATE_ODBC_TSQL"
+upgrade || { cat "$log"; exit 1; }
+[ "$(grep -c '^Made: the \(table p\|unique index uxMonthlyEntryNumber\)' "$log")" -eq 3 ] || { cat "$log"; exit 1; }
+upgrade
+grep -q 'already: there is nothing to do' "$log"

@@ -1,0 +1,15 @@
+// What SQLite's error codes mean, in sentences.
+#pragma once
+
+#include "platform/ado/Error.h"
+
+struct sqlite3;
+
+namespace payslate::sqlite {
+
+inline constexpr const char* failureSource = "payslate.sqlite";
+
+/// The error behind a failed call on this handle, which is null where it was not even made.
+ado::Error failure(sqlite3* handle, int code);
+
+}  // namespace payslate::sqlite
