@@ -19,13 +19,14 @@ void FrmEntryJournal::arrange() {
   lvwJournal.AccessibleName = "Journal of the entry";
   cmdClose.Cancel = true;
   setFirstFocus(lvwJournal);
-  setLayout(column({item(lvwJournal).growing(), row({space(), item(cmdClose)})}));
+  setLayout(column({item(lvwJournal).growing(), row({item(lblOlder), space(), item(cmdClose)})}));
 }
 
 void FrmEntryJournal::shows(std::int32_t entryId, const std::string& number) {
   for (const JournalLine& line : journalLines(bas_, readChain(bas_, entryId).rows))
     lvwJournal.addRow({line.row.time, line.user, line.done + ": " + line.what, line.before, line.after});
-  Caption = "Journal of the entry " + number + (lvwJournal.rowCount() == 0 ? ": it has no rows of it" : "");
+  Caption = "Journal of the entry " + number;
+  lblOlder.Visible = lvwJournal.rowCount() == 0;
 }
 
 }  // namespace payslate
