@@ -17,13 +17,6 @@ basic::Date dateOf(const basic::Value& looked) {
   return {};
 }
 
-std::string literal(const std::string& text) {
-  constexpr char quote = '\'';
-  std::string quoted(1, quote);
-  for (const char character : text) quoted.append(character == quote ? 2 : 1, character);
-  return quoted + quote;
-}
-
 std::string slashDate(basic::Date date) {
   return basic::formatDate(date, "yyyy/mm/dd");
 }

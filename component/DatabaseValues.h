@@ -13,9 +13,6 @@ double numberOf(const basic::Value& looked);
 bool flagOf(const basic::Value& looked);
 basic::Date dateOf(const basic::Value& looked);
 
-/// A text as statements splice it in, in quotes.
-std::string literal(const std::string& text);
-
 /// Dates as statements splice them in, and as dates are compared as text.
 std::string slashDate(basic::Date date);    ///< yyyy/mm/dd
 std::string compactDate(basic::Date date);  ///< yyyymmdd

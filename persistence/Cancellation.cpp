@@ -6,6 +6,7 @@
 #include "persistence/EntryAmounts.h"
 #include "persistence/EntryJournal.h"
 #include "persistence/EntryReader.h"
+#include "platform/ado/Literal.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
@@ -31,7 +32,7 @@ std::string dropRecoveries(const Session& session, std::int32_t entryId) {
 
 std::string markCancelled(const Session& session, std::int32_t entryId, const std::string& remark) {
   return "update " + session.TableLinks["pempmonthlyentryheader"] +
-         " set emhCancelled=1,emhCancelledRemarks=" + literal(remark) + " where emhID='" +
+         " set emhCancelled=1,emhCancelledRemarks=" + ado::literal(remark) + " where emhID='" +
          std::to_string(entryId) + "' and emhCompanyID=" + session.companyText();
 }
 

@@ -1,9 +1,9 @@
 // Appending to a chain.
 #include "persistence/EntryJournal.h"
 
-#include "component/DatabaseValues.h"
 #include "component/LoadedMonth.h"
 #include "component/Session.h"
+#include "platform/ado/Literal.h"
 #include "platform/ado/Recordset.h"
 
 namespace payslate {
@@ -11,14 +11,15 @@ namespace payslate {
 namespace {
 
 std::string literalOrNull(const std::optional<std::string>& text) {
-  return text ? literal(*text) : "null";
+  return text ? ado::literal(*text) : "null";
 }
 
 std::string valuesOf(const Session& session, const JournalRow& row) {
   return "(" + session.companyText() + ", " + std::to_string(row.entryId) + ", " +
-         std::to_string(row.sequence) + ", " + literal(row.time) + ", " + std::to_string(row.userId) + ", " +
-         literal(row.action) + ", " + literal(row.kind) + ", " + literal(row.item) + ", " +
-         literalOrNull(row.before) + ", " + literalOrNull(row.after) + ", " + literal(row.hash) + ")";
+         std::to_string(row.sequence) + ", " + ado::literal(row.time) + ", " + std::to_string(row.userId) +
+         ", " + ado::literal(row.action) + ", " + ado::literal(row.kind) + ", " + ado::literal(row.item) +
+         ", " + literalOrNull(row.before) + ", " + literalOrNull(row.after) + ", " + ado::literal(row.hash) +
+         ")";
 }
 
 void insert(Session& session, const std::string& values) {

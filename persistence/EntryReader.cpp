@@ -9,6 +9,7 @@
 #include "component/PayRows.h"
 #include "component/Session.h"
 #include "persistence/CarriedForward.h"
+#include "platform/ado/Literal.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 
@@ -173,7 +174,7 @@ std::optional<EntryRecord> liveAmongAllInMonth(Session& session, std::int32_t em
 std::optional<std::int32_t> entryOfNumber(Session& session, const std::string& number) {
   ado::Recordset rows = session.adocon()->Execute(
       "select emhID from " + session.TableLinks["pempmonthlyentryheader"] +
-      " where emhCompanyID = " + session.companyText() + " and emhNo = " + literal(number));
+      " where emhCompanyID = " + session.companyText() + " and emhNo = " + ado::literal(number));
   if (rows.Eof()) return {};
   return basic::CLng(rows.Fields(0).Value());
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/ado/Literal.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
@@ -15,18 +16,12 @@ namespace {
 constexpr std::size_t mostKeysNamed = 3;
 constexpr std::string_view versionTable = "pSchemaVersion";
 
-std::string literal(std::string_view text) {
-  std::string quoted = "'";
-  for (const char character : text) quoted += character == '\'' ? "''" : std::string(1, character);
-  return quoted + "'";
-}
-
 // A link may name the schema too: dbo.t_header, [dbo].[t_header]. The catalog keeps the last part.
 std::string catalogName(std::string_view physical) {
   std::string name(physical.substr(physical.rfind('.') + 1));
   std::erase_if(name,
                 [](char character) { return character == '[' || character == ']' || character == '"'; });
-  return "lower(" + literal(name) + ")";
+  return "lower(" + ado::literal(name) + ")";
 }
 
 bool hasRow(ado::Connection& connection, const std::string& statement) {
@@ -133,10 +128,10 @@ class Upgrading {
   void make(const NewTable& table) {
     const bool linked = table.name == NewTable::Name::Linked;
     const std::string physical = linked ? linkedTable(connection_, table.table) : std::string(table.table);
-    if (linked &&
-        !hasRow(connection_, "select tablename from linkTable where tablename = " + literal(table.table))) {
-      connection_.Execute("insert into linkTable (tablename, linktablename) values (" + literal(table.table) +
-                          ", " + literal(physical) + ")");
+    if (linked && !hasRow(connection_,
+                          "select tablename from linkTable where tablename = " + ado::literal(table.table))) {
+      connection_.Execute("insert into linkTable (tablename, linktablename) values (" +
+                          ado::literal(table.table) + ", " + ado::literal(physical) + ")");
     }
     if (hasTable(connection_, physical)) return;
     connection_.Execute("create table " + physical + " (" + std::string(table.definition) + ")");
@@ -171,7 +166,7 @@ int version(ado::Connection& connection) {
 
 std::string linkedTable(ado::Connection& connection, std::string_view logical) {
   ado::Recordset rows =
-      connection.Execute("select linktablename from linkTable where tablename = " + literal(logical));
+      connection.Execute("select linktablename from linkTable where tablename = " + ado::literal(logical));
   const std::string physical = rows.Eof() ? "" : basic::Trim(rows.Fields(0).Text());
   return physical.empty() ? std::string(logical) : physical;
 }
