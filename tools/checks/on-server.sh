@@ -9,8 +9,8 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 export ASAN_OPTIONS=detect_leaks=0
 export PAYSLATE_TEST_CONNECT=$PAYSLATE_ODBC_TSQL
 log=$(mktemp)
-errand=$(mktemp)
-trap 'rm -f "$log" "$errand"' EXIT
+statements=$(mktemp)
+trap 'rm -f "$log" "$statements"' EXIT
 
 # One line each when it passes, and everything when it does not.
 step() {
@@ -40,19 +40,19 @@ step "$(dirname "$0")/soak.sh" "$build" 3 5
 grep -q 'holds payroll tables already' "$log"
 
 # The same database as it was before there were versions, and upgraded.
-cat >"$errand" <<'END'
+cat >"$statements" <<'END'
 sql drop table pSchemaVersion
 sql drop table pEntryJournal
 sql delete from linkTable where tablename = 'pEntryJournal'
 sql drop index uxMonthlyEntryNumber on pempmonthlyentryheader
 sql update pempmonthlyentryheader set emhNo = 'EN1' where emhCompanyID = 1 and emhID < 5
 END
-step "$build/host/payroll-host" errand "$errand" --connect "$PAYSLATE_ODBC_TSQL"
+step "$build/host/payroll-host" errand "$statements" --connect "$PAYSLATE_ODBC_TSQL"
 upgrade() { "$build/host/payroll-host" upgrade --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1; }
 ! upgrade
 grep -q 'uxMonthlyEntryNumber .* more than once: emhCompanyID 1, emhNo EN1 (4 rows)' "$log"
-echo "sql update pempmonthlyentryheader set emhNo = null where emhNo = 'EN1'" >"$errand"
-step "$build/host/payroll-host" errand "$errand" --connect "$PAYSLATE_ODBC_TSQL"
+echo "sql update pempmonthlyentryheader set emhNo = null where emhNo = 'EN1'" >"$statements"
+step "$build/host/payroll-host" errand "$statements" --connect "$PAYSLATE_ODBC_TSQL"
 upgrade || { cat "$log"; exit 1; }
 [ "$(grep -c '^Made: the \(table p\|unique index uxMonthlyEntryNumber\)' "$log")" -eq 3 ] || { cat "$log"; exit 1; }
 upgrade
