@@ -105,8 +105,7 @@ struct Pair {
   }
 };
 
-void ask(const Pair& pair) {
-  int statements = 2000;
+void ask(const Pair& pair, int statements) {
   unsigned firstSeed = 1;
   if (const char* wanted = std::getenv("PAYSLATE_DIFFERENTIAL"))
     std::istringstream(wanted) >> statements >> firstSeed;
@@ -154,7 +153,7 @@ TEST(Answers, DoNotDependOnIndexesAndStatistics) {
     sqlite::DatabaseFile(file, false, 0).run("ANALYZE");
     pair.other = open(file);
   };
-  ask(pair);
+  ask(pair, 2000);
   pair.other.reset();
   std::filesystem::remove(file);
 }
@@ -162,7 +161,7 @@ TEST(Answers, DoNotDependOnIndexesAndStatistics) {
 TEST(Answers, AreTheSameBehindAServer) {
   Pair pair{Language::Own, sqlite::providerEntry().open(":memory:"), server("PAYSLATE_ODBC_TSQL")};
   if (!pair.other) GTEST_SKIP() << "there is no server";
-  ask(pair);
+  ask(pair, 1000);
 }
 
 TEST(Answers, AreThoseOfAnotherMaker) {
@@ -180,7 +179,7 @@ TEST(Answers, AreThoseOfAnotherMaker) {
           "create function day(timestamp) returns int language sql immutable as 'select extract(day from $1)::int'",
       })
     pair.other->execute(statement);
-  ask(pair);
+  ask(pair, 1000);
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ constexpr Alternatives branches[] = {
      "round({d}, 1)|floor({d})|case when {b} then {d} else {i} end|coalesce({d}, {i})|nullif({d}, {i})|"
      "(select max({C}) from {F}{w})|cast((select sum({C}) from {F}{w}) as decimal(14,4))"},
     {'d', Language::Own,
-     "isnull({d}, {d})|({d} / {N})|cast({i} as money)|(select avg({C}) from {F}{w})|"
+     "isnull(cast({d} as decimal(12,4)), {d})|({d} / {N})|cast({i} as money)|(select avg({C}) from {F}{w})|"
      "convert(decimal(10,3), {f})"},
     {'f', Language::Shared,
      "({f} + {f})|({f} * {N})|coalesce({f}, {i})|cast({i} as float)|case when {b} then {f} else {d} end"},
