@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <optional>
 #include <stdexcept>
 
+#include "platform/ado/Error.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 
@@ -72,6 +75,36 @@ std::string linkStatement() {
          "'pempattendancedetail','pCurrencyMaster','pDepartment')";
 }
 
+// Of a plain name, or of one in brackets or quotation marks, in which the closing sign stands twice. Nothing
+// where the quoted name does not end.
+std::optional<std::size_t> namePart(std::string_view text) {
+  if (text.empty() || (text.front() != '[' && text.front() != '"')) {
+    const auto isPlain = [](unsigned char c) {
+      return c >= 0x80U || std::isalnum(c) != 0 || c == '_' || c == '#' || c == '@' || c == '$';
+    };
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+  }
+  const char close = text.front() == '[' ? ']' : '"';
+  for (std::size_t at = text.find(close, 1); at != std::string_view::npos; at = text.find(close, at + 2))
+    if (text.substr(at + 1, 1) != std::string_view(&close, 1)) return at + 1;
+  return std::nullopt;
+}
+
+// Parts between points, as in server.database..table; nothing is a name too, which the database will miss.
+bool isTableName(std::string_view text) {
+  const auto skipBlanks = [&text] { text.remove_prefix(std::min(text.find_first_not_of(' '), text.size())); };
+  for (;;) {
+    skipBlanks();
+    const auto part = namePart(text);
+    if (!part) return false;
+    text.remove_prefix(*part);
+    skipBlanks();
+    if (text.empty()) return true;
+    if (text.front() != '.') return false;
+    text.remove_prefix(1);
+  }
+}
+
 }  // namespace
 
 TableLinkMap::TableLinkMap() {
@@ -119,6 +152,10 @@ const std::string& TableLinkMap::operator[](std::string_view logicalName) const 
   const auto found = std::find_if(slots_.begin(), slots_.end(), same);
   if (found == slots_.end())
     throw std::out_of_range("There is no table link " + std::string(logicalName) + ".");
+  if (!isTableName(found->second))
+    throw ado::Error("The table link " + std::string(found->first) + " is '" + found->second +
+                         "', which is not the name of a table. Have linkTable corrected.",
+                     "42000");
   return found->second;
 }
 

@@ -25,7 +25,7 @@ class TableLinkMap {
   void loadJournal(ado::Connection& connection);
 
   /// Physical name by logical name in any letter case; empty while it is not known. std::out_of_range for a
-  /// name that has no slot.
+  /// name that has no slot, ado::Error where it links to what is no name and would change a statement.
   [[nodiscard]] const std::string& operator[](std::string_view logicalName) const;
 
  private:

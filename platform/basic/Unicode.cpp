@@ -7,14 +7,21 @@ namespace {
 
 constexpr char32_t invalidByteBase = 0xDC00;  // Stray bytes are kept as lone surrogates, to be written back.
 
+bool isStrayByte(char32_t c) {
+  return c >= invalidByteBase + 0x80U && c <= invalidByteBase + 0xFFU;
+}
+
 void append(std::string& text, char32_t c) {
+  constexpr char32_t replacement = 0xFFFD;
+  // Of what no text can hold, a quote or a zero in disguise must not come out as one.
+  if (c > 0x10FFFFU || (c >= 0xD800U && c <= 0xDFFFU && !isStrayByte(c))) c = replacement;
   const auto put = [&](char32_t byte) { text += static_cast<char>(static_cast<unsigned char>(byte)); };
   if (c < 0x80U) {
     put(c);
   } else if (c < 0x800U) {
     put(0xC0U | (c >> 6U));
     put(0x80U | (c & 0x3FU));
-  } else if (c >= invalidByteBase && c < invalidByteBase + 0x100U) {
+  } else if (isStrayByte(c)) {
     put(c - invalidByteBase);
   } else if (c < 0x10000U) {
     put(0xE0U | (c >> 12U));

@@ -17,6 +17,7 @@ struct FirstCharacter {
 FirstCharacter firstCharacter(std::string_view text);
 
 std::u32string characters(std::string_view text);
+/// Half a character, or a number beyond all characters, is written as U+FFFD.
 std::string encoded(std::u32string_view characters);
 std::size_t characterCount(std::string_view text);
 

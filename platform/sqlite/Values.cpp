@@ -92,6 +92,11 @@ basic::Value toValue(const tsql::Cell& cell, ado::ColumnType type) {
 
 tsql::Cell toStored(const basic::Value& value, const tsql::ColumnInfo& column, const std::string& table) {
   TypedCell given = typed(value);
+  // No literal can hold one, so nothing could ask for such a text.
+  if (const auto* text = std::get_if<std::string>(&value);
+      text != nullptr && text->find('\0') != std::string::npos)
+    throw tsql::SqlError(tsql::state::badCast,
+                         "Column '" + table + "." + column.name + "': The text holds a zero character.");
   // A floating number becomes text with all its digits.
   if (column.type.isText() && std::holds_alternative<double>(given.cell)) {
     given = {basic::numberText(std::get<double>(given.cell)), tsql::Type::varchar()};

@@ -41,12 +41,12 @@ struct DemoPayroll {
   }
 
   // Returns when the clerk has closed the list.
-  void show(ui::Clerk& clerk, int month = 4, int lastDay = 30) const {
+  void show(ui::Clerk& clerk, int month = 4, int lastDay = 30, const std::string& title = "Payroll") const {
     scripted::ScriptedDesktop desktop;
     desktop.setClerk(&clerk);
     clspayslate component(desktop);
     component.adocon(connection);
-    component.MsgboxTitle = "Payroll";
+    component.MsgboxTitle = title;
     component.ProcessDate = basic::Date::fromCalendar(2026, month, lastDay);
     component.intUserID = 1;
     component.intInterfaceID = 40001;

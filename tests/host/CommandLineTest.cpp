@@ -148,6 +148,25 @@ TEST_F(CommandLine, RefusesInOneSentenceAndLeavesEverythingAsItWas) {
   }
 }
 
+TEST_F(CommandLine, HostileWordsRunNothing) {
+  ASSERT_EQ(call({"init", "--connect", "payroll.db"}).code, 0);
+  const auto before = contents();
+  const std::vector<std::string> usual = showing("payroll.db");
+  for (const std::string& word :
+       {std::string("payroll.db'; drop table pusers; --"), std::string("1; delete from pusers"),
+        std::string("1 /*"), std::string("\u2019 or 1=1"), std::string("1\n2\r3"), std::string("\xFF\xC3"),
+        std::string(1U << 20U, '1')}) {
+    for (std::size_t value = 2; value < usual.size(); value += 2) {
+      std::vector<std::string> words = usual;
+      words[value] = word;
+      const Outcome outcome = call(words);
+      EXPECT_EQ(outcome.code, 2) << words[value - 1] << word.substr(0, 30);
+      EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err.substr(0, 300);
+    }
+    EXPECT_EQ(contents(), before) << word.substr(0, 30);
+  }
+}
+
 /// Words every refusal in a way of its own.
 class OddServer : public ado::ForwardingProvider {
  public:

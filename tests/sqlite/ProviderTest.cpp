@@ -399,6 +399,48 @@ TEST(Provider, ProceduresTakeTheirArgumentsInEveryForm) {
   }
 }
 
+TEST(Texts, AreStoredAsTheyAreOrRefused) {
+  using namespace std::string_literals;
+  const std::pair<std::string, std::string> cases[] = {
+      // and the refusal
+      {"o'h; -- /* \" ]", ""},
+      {"\u2019\u02BC\uFF07\U0001F600 \u202E", ""},
+      {"\t\r\n\x01\x7F\x1B", ""},
+      {"a\0b"s, "zero character"},
+      {"\xFF\xC3(\xED\xA0\x80", ""},
+      {std::string(20, 'x'), ""},
+      {std::string(21, 'x'), "too long"},
+      {std::string(1U << 20U, '\''), "long"},
+  };
+  const auto provider = open(":memory:");
+  provider->execute("create table t (id int not null primary key, v varchar(20))");
+  for (const auto& [text, refusal] : cases) {
+    std::string literal = "'";
+    for (const char c : text) literal.append(c == '\'' ? 2 : 1, c);
+    const std::function<void()> ways[] = {
+        [&] { provider->execute("insert into t values (1, " + literal + "')"); },
+        [&] {
+          provider->insert("t", {{"id", std::int64_t{1}}, {"v", text}});
+        },
+        [&] {
+          provider->execute("insert into t values (1, '')");
+          provider->update("t", {{"id", std::int64_t{1}}}, {{"v", text}});
+        },
+    };
+    for (const auto& store : ways) {
+      const std::string said = stateOf(store);
+      if (said == "no error") {
+        EXPECT_EQ(refusal, "") << text.substr(0, 30);
+        EXPECT_EQ(first(*provider, "select v from t"), text);
+        EXPECT_EQ(first(*provider, "select count(*) from t where v = " + literal + "'"), "1");
+      } else {
+        EXPECT_TRUE(!refusal.empty() && said.find(refusal) != std::string::npos) << said << text;
+      }
+      provider->execute("delete from t");
+    }
+  }
+}
+
 }  // namespace
 
 }  // namespace payslate::test

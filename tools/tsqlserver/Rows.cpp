@@ -16,7 +16,8 @@ namespace {
 constexpr std::uint8_t columnsToken = 0x81;
 constexpr std::uint8_t rowToken = 0xD1;
 constexpr std::uint16_t nullable = 1;
-constexpr int scaleWithoutRows = 2;
+constexpr int scaleWithoutValue = 2;
+constexpr std::size_t mostRowsAhead = 1000;
 constexpr std::size_t longestPlainText = 8000;  // In bytes: 4000 units.
 constexpr std::uint64_t nullText = 0xFFFF;
 constexpr std::uint64_t largeText = 0xFFFF;
@@ -36,9 +37,12 @@ constexpr std::uint8_t text = 0xE7;
 
 struct WireColumn {
   ado::ColumnType type = ado::ColumnType::Text;
-  int scale = scaleWithoutRows;
+  int scale = scaleWithoutValue;
   bool large = false;
+  bool decided = false;
 };
+
+using Row = std::vector<basic::Value>;
 
 std::vector<WireColumn> undecided(const std::vector<ado::Column>& columns) {
   std::vector<WireColumn> described;
@@ -47,13 +51,19 @@ std::vector<WireColumn> undecided(const std::vector<ado::Column>& columns) {
   return described;
 }
 
-void decide(std::vector<WireColumn>& columns, const ado::Cursor& firstRow) {
+// Does the row leave nothing open?
+bool decide(std::vector<WireColumn>& columns, const Row& row) {
+  bool all = true;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const basic::Value value = firstRow.value(i);
-    if (const auto* decimal = std::get_if<basic::Decimal>(&value)) columns[i].scale = decimal->scale();
-    if (const auto* text = std::get_if<std::string>(&value))
-      columns[i].large = toUtf16(*text).size() > longestPlainText;
+    WireColumn& column = columns[i];
+    if (column.decided) continue;
+    column.decided = column.type != ado::ColumnType::Decimal || !basic::isNull(row[i]);
+    all = all && column.decided;
+    if (const auto* decimal = std::get_if<basic::Decimal>(&row[i])) column.scale = decimal->scale();
+    if (const auto* text = std::get_if<std::string>(&row[i]))
+      column.large = toUtf16(*text).size() > longestPlainText;
   }
+  return all;
 }
 
 void describe(const WireColumn& column, Writer& out) {
@@ -176,27 +186,34 @@ void write(const basic::Value& value, const WireColumn& column, Writer& out) {
   }
 }
 
+Row currentRow(const ado::Cursor& cursor) {
+  Row row;
+  for (std::size_t i = 0; i < cursor.columns().size(); ++i) row.push_back(cursor.value(i));
+  return row;
+}
+
 // Whole or not at all: an error behind half a row would be read as part of it.
-void sendRow(const ado::Cursor& cursor, const std::vector<WireColumn>& columns, Writer& out) {
-  Writer row;
-  row.u8(rowToken);
-  for (std::size_t i = 0; i < columns.size(); ++i) write(cursor.value(i), columns[i], row);
-  out.raw(row.bytes());
+void sendRow(const Row& row, const std::vector<WireColumn>& columns, Reply& reply) {
+  Writer whole;
+  whole.u8(rowToken);
+  for (std::size_t i = 0; i < columns.size(); ++i) write(row[i], columns[i], whole);
+  reply.out().raw(whole.bytes());
+  reply.pass();
 }
 
 }  // namespace
 
 std::uint64_t sendRows(ado::Cursor& cursor, Reply& reply) {
   std::vector<WireColumn> columns = undecided(cursor.columns());
-  bool there = cursor.next();
-  if (there) decide(columns, cursor);
-  describeAll(cursor.columns(), columns, reply.out());
-  std::uint64_t rows = 0;
-  for (; there; there = cursor.next()) {
-    sendRow(cursor, columns, reply.out());
-    ++rows;
-    reply.pass();
+  std::vector<Row> ahead;
+  while (ahead.size() < mostRowsAhead && cursor.next()) {
+    ahead.push_back(currentRow(cursor));
+    if (decide(columns, ahead.back())) break;
   }
+  describeAll(cursor.columns(), columns, reply.out());
+  std::uint64_t rows = ahead.size();
+  for (const Row& row : ahead) sendRow(row, columns, reply);
+  for (; cursor.next(); ++rows) sendRow(currentRow(cursor), columns, reply);
   return rows;
 }
 

@@ -13,9 +13,10 @@ namespace payslate::tsqlserver {
 /// Describes the columns and streams the rows, each as it is read; returns how many there were. ado::Error
 /// when the reading fails, which may be behind some rows.
 ///
-/// A provider's columns tell neither scale nor length, so the first row decides: decimals are numeric(38)
-/// with its scale (2 without rows), to which others are rounded; texts are nvarchar(4000), or nvarchar(max)
-/// when the first is longer. A longer one behind it is an error, as a text that does not fit.
+/// A provider's columns tell neither scale nor length, so the first rows decide: decimals are numeric(38)
+/// with the scale of the first among a thousand rows (2 where there is none), to which others are rounded;
+/// texts are nvarchar(4000), or nvarchar(max) when the first row's is longer. A longer one behind it is an
+/// error, as a text that does not fit.
 std::uint64_t sendRows(ado::Cursor& cursor, Reply& reply);
 
 /// Describes the columns only.
