@@ -73,20 +73,19 @@ constexpr Alternatives literals[] = {
 // What comes first is simplest. A server of another language means the shared patterns alike; the others hold
 // what it means otherwise or does not know:
 //  - texts that differ in capitals or in blanks behind them, and functions that see those;
-//  - the value of a division of decimals, of avg, and of sum over whole numbers, which have other types
-//  there;
-//  - cast to a whole number, which cuts here and rounds there, and to a text that may have no room for it;
-//  - isnull, iif, top and functions of other names;
-//  - sets in like, which it takes as they stand.
-// A sum goes through a cast, since arithmetic with its 38 digits loses decimals here alone.
+//  - a division of decimals, avg, and sum of whole numbers, whose types differ;
+//  - cast to a whole number, which cuts here and rounds there, and to a text without room;
+//  - isnull, iif, top and functions of other names; sets in like, which it takes as they stand.
+// A sum goes through a cast, since arithmetic with its 38 digits loses decimals here alone; isnull, which
+// takes the type of its first value, through one with room for the second.
 //
-// A placeholder is one letter for what stands there, with the kind behind it where it is not the pattern's
-// own:
-//   i d f t m ?  a value, of that or the pattern's kind; x of any; with a colon, one whose equals have equal
-//   bytes c C L        a column, a column of the innermost query, a literal; a digit asks for the same one
-//   again F A B T D    what stands behind from, the new alias of a table or of a derived table, these two j e
-//   equal columns: of the two latest sources, of the first and the latest b o J w h a N Q U S   other
-//   patterns of this table
+// A placeholder is a letter, with a kind behind it where it is not the pattern's own:
+//  - i, d, f, t, m, ?: a value of that or the pattern's kind; x: of any; a colon: equal ones are the same
+//  bytes;
+//  - c, C, L: a column, one of the innermost query, a literal; a digit: the same one again;
+//  - F, A, B, T, D: what stands behind from, the new alias of a table or a derived table, these themselves;
+//  - j, e: equal columns of the two latest sources, of the first and the latest;
+//  - all others: another pattern of the tables below.
 constexpr Alternatives leaves[] = {
     {'o', Language::Shared, "=|<>|<|<=|>|>="},
     {'N', Language::Shared, "1|2|3"},
