@@ -17,6 +17,7 @@ constexpr std::size_t mostIdleStatements = 256;
 constexpr const char* source = "payslate.sqlite";
 constexpr int mostBytesOfText = 1 << 24;
 constexpr int primaryCodeMask = 0xff;
+constexpr int stepsBetweenLooks = 10'000;  // At the clock, while a statement runs.
 
 std::string afterColon(const std::string& message) {
   const std::size_t colon = message.find(": ");
@@ -89,7 +90,7 @@ void Statement::bind(const std::vector<tsql::Cell>& values) {
 
 bool Statement::step() {
   file_.functionError.reset();
-  const int code = sqlite3_step(handle_);
+  const int code = file_.step(handle_);
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) {
     reset();
@@ -121,7 +122,7 @@ tsql::Cell Statement::column(std::size_t index) const {
   }
 }
 
-DatabaseFile::DatabaseFile(const std::string& path, bool create, int busyMilliseconds) {
+DatabaseFile::DatabaseFile(const std::string& path, bool create, Patience patience) : patience_(patience) {
   const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_EXRESCODE;
   const int code = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
   try {
@@ -130,7 +131,13 @@ DatabaseFile::DatabaseFile(const std::string& path, bool create, int busyMillise
       throw ado::Error("'" + path + "' cannot be opened: " + reason.Description, "08001", reason.Source,
                        reason.Number, reason.NativeError);
     }
-    sqlite3_busy_timeout(handle_, busyMilliseconds);
+    sqlite3_busy_timeout(handle_, static_cast<int>(patience_.busy.count()));
+    sqlite3_progress_handler(
+        handle_, stepsBetweenLooks,
+        [](void* file) {
+          return std::chrono::steady_clock::now() > static_cast<DatabaseFile*>(file)->deadline_ ? 1 : 0;
+        },
+        this);
     // A quoted name that does not exist is an error, and never a text.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -163,6 +170,13 @@ std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
                                       SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
   if (code != SQLITE_OK) throw error(code);
   return std::make_unique<Statement>(*this, sql, handle);
+}
+
+int DatabaseFile::step(sqlite3_stmt* handle) {
+  deadline_ = std::chrono::steady_clock::now() + patience_.statement;
+  const int code = sqlite3_step(handle);
+  deadline_ = std::chrono::steady_clock::time_point::max();
+  return code;
 }
 
 void DatabaseFile::giveBack(const std::string& sql, sqlite3_stmt* handle) {
@@ -271,6 +285,8 @@ ado::Error DatabaseFile::described(int code) {
       return made(constraintSentence(code, message), tsql::state::constraint);
     case SQLITE_BUSY:
       return made("The database is locked by another user. Try again in a moment.", "HYT00");
+    case SQLITE_INTERRUPT:
+      return made("The statement takes too long and was stopped.", "HYT00");
     case SQLITE_CORRUPT:
       return made("The database file is damaged.", tsql::state::general);
     case SQLITE_TOOBIG:

@@ -1,6 +1,7 @@
 // One open database file: its handle, its prepared statements, and who is reading from it.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -43,11 +44,17 @@ class Statement {
   sqlite3_stmt* handle_;
 };
 
+/// How long a database may keep its user waiting.
+struct Patience {
+  std::chrono::milliseconds busy{5000};        ///< For another's lock.
+  std::chrono::milliseconds statement{30000};  ///< For the end of a statement, or its next row.
+};
+
 /// Everything that one connection shares with its cursors. Not for several threads at once.
 class DatabaseFile {
  public:
-  /// Opens the file; makes it when `create` says so. `busyMilliseconds` is how long a lock is waited for.
-  DatabaseFile(const std::string& path, bool create, int busyMilliseconds);
+  /// Opens the file; makes it when `create` says so.
+  DatabaseFile(const std::string& path, bool create, Patience patience);
   ~DatabaseFile();
   DatabaseFile(const DatabaseFile&) = delete;
   DatabaseFile& operator=(const DatabaseFile&) = delete;
@@ -85,10 +92,13 @@ class DatabaseFile {
  private:
   friend class Statement;
   void giveBack(const std::string& sql, sqlite3_stmt* handle);
+  int step(sqlite3_stmt* handle);
   [[nodiscard]] ado::Error described(int code);
   void refuseLostFile() const;
 
   sqlite3* handle_ = nullptr;
+  Patience patience_;
+  std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
   ado::TransactionState transaction_;
   std::multimap<std::string, sqlite3_stmt*, std::less<>> idle_;
   std::set<RowCursor*> cursors_;

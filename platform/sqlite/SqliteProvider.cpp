@@ -20,30 +20,38 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr const char* source = "payslate.sqlite";
-constexpr int defaultBusyMilliseconds = 5000;
 constexpr std::size_t mostTranslations = 1000;
 
-/// PATH;Create=True;BusyTimeout=milliseconds
+/// PATH;Create=True;BusyTimeout=milliseconds;StatementTimeout=milliseconds
 struct Options {
   std::string path;
   bool inMemory = false;
   bool create = false;
-  int busyMilliseconds = defaultBusyMilliseconds;
+  Patience patience;
 };
 
 [[noreturn]] void refuse(const std::string& sentence, const char* sqlState = "08001") {
   throw ado::Error(sentence, sqlState, source);
 }
 
+std::optional<std::chrono::milliseconds> millisecondsOf(const std::string& value) {
+  int number = 0;
+  const auto read = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (read.ec != std::errc() || read.ptr != value.data() + value.size() || number < 0) return std::nullopt;
+  return std::chrono::milliseconds(number);
+}
+
 Options optionsOf(const ado::ConnectionString& connection) {
-  Options options{connection.path(), connection.isInMemory()};
+  Options options{connection.path(), connection.isInMemory(), false, {}};
   for (const auto& [key, given] : connection.parts()) {
     const std::string name = basic::lower(key);
     const std::string value = basic::lower(given.value_or(""));
     if (name == "create" && (value == "true" || value == "false")) {
       options.create = value == "true";
-    } else if (name == "busytimeout" && basic::IsNumeric(value)) {
-      options.busyMilliseconds = basic::CLng(basic::Value(value));
+    } else if (const auto time = millisecondsOf(value); time && name == "busytimeout") {
+      options.patience.busy = *time;
+    } else if (time && name == "statementtimeout") {
+      options.patience.statement = *time;
     } else {
       // What follows the name may be a password, of a string for another database.
       refuse("The option '" + key + "' of the connection string is not known.");
@@ -68,8 +76,7 @@ void checkFile(const Options& options) {
 class SqliteProvider : public ado::Provider {
  public:
   explicit SqliteProvider(const Options& options)
-      : file_(options.path, options.create || options.inMemory, options.busyMilliseconds),
-        translator_(catalog_) {
+      : file_(options.path, options.create || options.inMemory, options.patience), translator_(catalog_) {
     try {
       if (file_.isReadOnly()) refuse("The file cannot be written.", "08001");
       file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.

@@ -136,7 +136,7 @@ TEST(Answers, DoNotDependOnIndexes) {
       for (const auto& provider : {bare.get(), indexed.get()}) provider->execute(row);
     indexed->commit();
     indexed.reset();
-    sqlite::DatabaseFile(file.string(), false, 0).run("ANALYZE");
+    sqlite::DatabaseFile(file.string(), false, {}).run("ANALYZE");
     indexed = sqlite::providerEntry().open(file.string());
     for (int i = 0; i < queries; ++i) {
       const std::string statement = query(chance);
