@@ -2,6 +2,7 @@
 option(PAYSLATE_TESTS "Build the tests" ON)
 option(PAYSLATE_STRICT "Warnings are errors" OFF)
 option(PAYSLATE_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(PAYSLATE_FUZZ "The fuzz targets and what they need, nothing else; for clang" OFF)
 
 # Repeated builds are quick where ccache is installed.
 find_program(PAYSLATE_CCACHE ccache)
@@ -21,6 +22,13 @@ if(NOT MSVC)
   if(PAYSLATE_SANITIZE)
     target_compile_options(payslate_options INTERFACE
       -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(payslate_options INTERFACE -fsanitize=address,undefined)
+  endif()
+  if(PAYSLATE_FUZZ)
+    target_compile_options(payslate_options INTERFACE
+      -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+      # The words that are compared with come from dictionaries.
+      -fno-sanitize-coverage=trace-cmp)
     target_link_options(payslate_options INTERFACE -fsanitize=address,undefined)
   endif()
 endif()

@@ -31,6 +31,8 @@ host               : payslate schema desktop $platform platform/scripted platfor
 host/example       : payslate desktop $platform
 tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
 tools/tsqlserver   : $databases <CLI/ <arpa/ <netinet/ <poll.h> <sys/ <unistd.h>
+fuzz               : platform/basic platform/ado platform/sqlite platform/odbc platform/ui platform/scripted schema \
+                     tests/scripted <sql.h> <sqlext.h>
 tests/basic        : platform/basic <gtest/
 tests/ado          : $databases tests/server <gtest/ <sqlite3.h>
 tests/tsql         : $databases platform/tsql platform/sqlite tests/server <gtest/

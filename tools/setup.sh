@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing: "setup.sh run" those for building and running, "setup.sh test" those of
-# the tests as well, "setup.sh lint" those of tools/lint.sh. Does nothing, and needs no rights, when all are there.
+# the tests as well, "setup.sh lint" those of tools/lint.sh, "setup.sh fuzz" those of tools/fuzz.sh. Does nothing, and
+# needs no rights, when all are there.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build libsqlite3-dev libssl-dev unixodbc-dev libcli11-dev nlohmann-json3-dev qt6-base-dev libgl-dev libxkbcommon-x11-0
@@ -9,7 +10,8 @@ case "${1:-run}" in
   run) ;;
   test) packages+=(libgtest-dev xvfb xdotool unixodbc tdsodbc libsqliteodbc odbc-postgresql postgresql) ;;
   lint) packages+=(libgtest-dev git clang-tidy clang-format cppcheck) ;;
-  *) echo "Usage: setup.sh [run|test|lint]" >&2; exit 2 ;;
+  fuzz) packages+=(clang libclang-rt-dev) ;;
+  *) echo "Usage: setup.sh [run|test|lint|fuzz]" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -50,9 +50,11 @@ double timeOfDay(double serial) {
 
 /// Joins days and the time that counts forwards from midnight, whatever the sign of the day.
 Date joined(double whole, double time) {
-  const Date result(whole < 0 ? whole - time : whole + time);
-  wholeDays(result.serial());
-  return result;
+  double serial = whole < 0 ? whole - time : whole + time;
+  // Far from the zero date the last moment of a day would be rounded into the next one.
+  if (std::trunc(serial) != whole) serial = std::nextafter(serial, 0);
+  wholeDays(serial);
+  return Date(serial);
 }
 
 enum class PartKind { Year, ShortYear, Month, Day, Literal };

@@ -14,6 +14,7 @@ namespace {
 
 constexpr SQLSMALLINT longestMessage = 4096;
 constexpr SQLSMALLINT stateLength = 5;
+constexpr int mostRecords = 100;  // Some drivers find no end of them.
 
 static_assert(static_cast<int>(Handle::Kind::Environment) == SQL_HANDLE_ENV &&
               static_cast<int>(Handle::Kind::Connection) == SQL_HANDLE_DBC &&
@@ -44,7 +45,7 @@ Handle::Handle(Kind kind, const Handle* parent) : kind_(kind) {
     return;
   }
   const auto reason = parent == nullptr ? std::nullopt : parent->failure();
-  throw ado::Error(reason ? reason->text : "The driver manager gives no handle",
+  throw ado::Error(reason && !reason->text.empty() ? reason->text : "The driver manager gives no handle",
                    reason ? reason->state : "HY000", "payslate.odbc", 0, reason ? reason->native : 0);
 }
 
@@ -79,11 +80,12 @@ std::optional<Handle::Diagnosis> Handle::record(int number, bool wide) const {
 
 std::optional<Handle::Diagnosis> Handle::failure(bool wide) const {
   constexpr const char* remarks = "01";
-  for (int number = 1;; ++number) {
+  for (int number = 1; number <= mostRecords; ++number) {
     std::optional<Diagnosis> found = record(number, wide);
-    if (!found) return record(1, wide);
+    if (!found) break;
     if (!found->state.starts_with(remarks)) return found;
   }
+  return record(1, wide);
 }
 
 }  // namespace payslate::odbc

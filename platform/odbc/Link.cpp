@@ -5,6 +5,7 @@
 #include <sqlext.h>
 
 #include <array>
+#include <limits>
 
 #include "platform/odbc/DriverString.h"
 #include "platform/odbc/WideText.h"
@@ -45,6 +46,8 @@ void Link::connect() {
   SQLSetConnectAttr(handle_.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), 0);
   SQLSetConnectAttr(handle_.get(), SQL_ATTR_CONNECTION_TIMEOUT, attribute(silenceSeconds), 0);
   std::u16string text = toWide(driverString(connection_));
+  if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLSMALLINT>::max()))
+    throw ado::Error("The connection string is too long.", "HY090", "payslate.odbc");
   SQLSMALLINT length = 0;
   const SQLRETURN code =
       SQLDriverConnectW(handle_.get(), nullptr, units(text), static_cast<SQLSMALLINT>(text.size()), nullptr,
@@ -57,12 +60,12 @@ void Link::askDriver() {
   SQLUSMALLINT most = 0;
   SQLGetInfo(handle_.get(), SQL_MAX_CONCURRENT_ACTIVITIES, &most, sizeof most, nullptr);
   oneStatementAtATime_ = most == 1;
-  std::array<SQLCHAR, 8> quote{};
+  std::array<char, 8> quote{};
   SQLSMALLINT length = 0;
   if (SQL_SUCCEEDED(
           SQLGetInfo(handle_.get(), SQL_IDENTIFIER_QUOTE_CHAR, quote.data(), quote.size(), &length)) &&
       length > 0)
-    quote_ = reinterpret_cast<const char*>(quote.data());
+    quote_ = textIn(quote, length);
   wide_ = keepsWideText();
 }
 
@@ -106,8 +109,7 @@ bool Link::isLost() const {
 ado::Error Link::error(const Handle& handle, Doing doing) const {
   constexpr const char* notConnected = "08001";
   constexpr const char* communicationFailure = "08S01";
-  Handle::Diagnosis reason =
-      handle.failure(wide_).value_or(Handle::Diagnosis{"HY000", 0, "The driver gives no reason"});
+  Handle::Diagnosis reason = handle.failure(wide_).value_or(Handle::Diagnosis{"HY000", 0, ""});
   // Drivers report a server that is not there, or went away, under many codes.
   const bool communication = reason.state.starts_with("08");
   if (!connected_ && communication) reason.state = notConnected;
@@ -115,6 +117,7 @@ ado::Error Link::error(const Handle& handle, Doing doing) const {
   const std::string advice = adviceFor(reason.state, reason.native, doing);
   std::string description = connection_.withoutSecrets(reason.text);
   if (!advice.empty()) description += (description.empty() ? "" : "\r") + advice;
+  if (description.empty()) description = "The driver gives no reason";
   return {description, reason.state, "payslate.odbc", 0, reason.native};
 }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "platform/basic/Error.h"
+
 namespace payslate::odbc {
 namespace {
 
@@ -37,6 +39,9 @@ SQL_TIMESTAMP_STRUCT timestampOf(basic::Date date) {
 
 basic::Date dateOf(const SQL_TIMESTAMP_STRUCT& moment) {
   const basic::Date day = basic::Date::fromCalendar(moment.year, moment.month, moment.day);
+  if (moment.hour >= 24 || moment.minute >= 60 || moment.second >= 60 ||
+      moment.fraction >= nanosecondsPerMillisecond * perSecond)
+    throw basic::ValueError(basic::ErrorKind::InvalidDate, "There is no such time of day");
   const std::int64_t time = moment.hour * perHour + moment.minute * perMinute + moment.second * perSecond +
                             moment.fraction / nanosecondsPerMillisecond;
   const double fraction = static_cast<double>(time) / static_cast<double>(perDay);

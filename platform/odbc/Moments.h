@@ -10,7 +10,7 @@ namespace payslate::odbc {
 
 /// To the millisecond.
 SQL_TIMESTAMP_STRUCT timestampOf(basic::Date date);
-/// basic::ValueError for a day outside the calendar.
+/// basic::ValueError for a day outside the calendar, or a time outside the day.
 basic::Date dateOf(const SQL_TIMESTAMP_STRUCT& moment);
 
 }  // namespace payslate::odbc

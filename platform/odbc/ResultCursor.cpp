@@ -5,6 +5,7 @@
 #include <sqlext.h>
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "platform/basic/Error.h"
@@ -18,6 +19,11 @@ namespace {
 constexpr const char* source = "payslate.odbc";
 constexpr SQLSMALLINT longestName = 256;
 constexpr std::size_t textPiece = 4096;
+constexpr std::size_t mostTextBytes = 1 << 24;  // Some drivers find no end of a text.
+
+[[noreturn]] void refuseValue(const char* why) {
+  throw basic::ValueError(basic::ErrorKind::TypeMismatch, why);
+}
 
 ado::ColumnType columnType(SQLSMALLINT type) {
   switch (type) {
@@ -97,9 +103,9 @@ std::optional<ado::ReadAhead::Row> ResultCursor::fetch() {
   const SQLRETURN code = SQLFetch(handle_->get());
   session_->check(code, *handle_);
   if (code == SQL_NO_DATA) {
-    SQLSMALLINT columns = 0;
+    std::int16_t columns = 0;
     // An error behind the rows is one of this statement; rows behind them are another statement's.
-    while (columns == 0 && session_->nextResult(*handle_)) SQLNumResultCols(handle_->get(), &columns);
+    while (columns == 0 && session_->nextResult(*handle_)) columns = session_->columnCount(*handle_);
     handle_.reset();
     if (columns > 0)
       throw ado::Error("The text holds more than one statement that gives rows.", "42000", source);
@@ -127,7 +133,10 @@ basic::Value ResultCursor::read(std::size_t column) const {
   const auto number = static_cast<SQLUSMALLINT>(column + 1);
   SQLLEN length = 0;
   const auto get = [&](SQLSMALLINT as, auto& target) {
-    session_->check(SQLGetData(handle_->get(), number, as, &target, sizeof target, &length), *handle_);
+    const SQLRETURN code = SQLGetData(handle_->get(), number, as, &target, sizeof target, &length);
+    session_->check(code, *handle_);
+    if (code == SQL_NO_DATA || (length < 0 && length != SQL_NULL_DATA))
+      refuseValue("the driver gives no value");
     return length != SQL_NULL_DATA;
   };
   switch (columns_[column].type) {
@@ -141,7 +150,9 @@ basic::Value ResultCursor::read(std::size_t column) const {
     }
     case ado::ColumnType::Double: {
       double figure = 0;
-      return get(SQL_C_DOUBLE, figure) ? basic::Value(figure) : basic::Null{};
+      if (!get(SQL_C_DOUBLE, figure)) return basic::Null{};
+      if (!std::isfinite(figure)) refuseValue("it is no number");
+      return figure;
     }
     case ado::ColumnType::Date: {
       SQL_TIMESTAMP_STRUCT moment{};
@@ -165,25 +176,27 @@ std::string ResultCursor::readText(std::size_t column, bool& isNull) const {
   const std::size_t unit = wide ? sizeof(SQLWCHAR) : 1;
   std::string narrowText;
   std::u16string wideText;
-  alignas(SQLWCHAR) std::array<char, textPiece> piece{};
+  alignas(char16_t) std::array<char, textPiece> piece{};
   for (;;) {
     SQLLEN length = 0;
     const SQLRETURN code = SQLGetData(handle_->get(), number, wide ? SQL_C_WCHAR : SQL_C_CHAR, piece.data(),
                                       static_cast<SQLLEN>(piece.size()), &length);
     session_->check(code, *handle_);
     if (code == SQL_NO_DATA) break;
-    isNull = length == SQL_NULL_DATA;
+    isNull = length == SQL_NULL_DATA && narrowText.empty() && wideText.empty();
     if (isNull) break;
+    if (length < 0 && length != SQL_NO_TOTAL) refuseValue("the driver gives its text no length");
     const std::size_t room = piece.size() - unit;
     const bool more = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
     const std::size_t count = (more ? room : static_cast<std::size_t>(length)) / unit;
     if (wide) {
-      const auto* units = reinterpret_cast<const SQLWCHAR*>(piece.data());
-      wideText.append(units, units + count);
+      const auto* units = reinterpret_cast<const char16_t*>(piece.data());
+      wideText.append(units, count);
     } else {
       narrowText.append(piece.data(), count);
     }
     if (!more) break;
+    if (narrowText.size() + wideText.size() > mostTextBytes) refuseValue("the text has no end");
   }
   return wide ? fromWide(wideText) : narrowText;
 }

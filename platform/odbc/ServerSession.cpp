@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <limits>
 #include <map>
 #include <utility>
 
+#include "platform/basic/Error.h"
 #include "platform/odbc/Parameters.h"
 #include "platform/odbc/ResultCursor.h"
 #include "platform/odbc/SelectedTable.h"
@@ -18,6 +20,7 @@
 namespace payslate::odbc {
 namespace {
 
+constexpr const char* source = "payslate.odbc";
 constexpr std::int32_t noTransactionToRollBack = 3903;
 
 SQLWCHAR* units(std::u16string& text) {
@@ -74,7 +77,7 @@ ServerSession::Result ServerSession::run(std::string_view text) {
   result.statement = newStatement();
   check(send(*result.statement, text), *result.statement);
   do {
-    check(SQLNumResultCols(result.statement->get(), &result.columns), *result.statement);
+    result.columns = columnCount(*result.statement);
   } while (result.columns == 0 && nextResult(*result.statement));
   return result;
 }
@@ -82,17 +85,31 @@ ServerSession::Result ServerSession::run(std::string_view text) {
 // Triggers come first: the last count is the statement's own.
 std::int64_t ServerSession::change(std::string_view text, const std::vector<basic::Value>& parameters) {
   const std::unique_ptr<Handle> statement = newStatement();
-  const Parameters bound(parameters, isWide());
-  check(bound.bindTo(*statement), *statement);
+  const std::unique_ptr<Parameters> bound = parametersOf(parameters);
+  check(bound->bindTo(*statement), *statement);
   check(send(*statement, text), *statement);
   std::int64_t changed = -1;
   do {
     SQLLEN rows = -1;
-    SQLSMALLINT columns = 0;
-    check(SQLNumResultCols(statement->get(), &columns), *statement);
-    if (columns == 0 && SQL_SUCCEEDED(SQLRowCount(statement->get(), &rows)) && rows >= 0) changed = rows;
+    if (columnCount(*statement) == 0 && SQL_SUCCEEDED(SQLRowCount(statement->get(), &rows)) && rows >= 0)
+      changed = rows;
   } while (nextResult(*statement));
   return changed;
+}
+
+std::unique_ptr<Parameters> ServerSession::parametersOf(const std::vector<basic::Value>& values) const {
+  try {
+    return std::make_unique<Parameters>(values, isWide());
+  } catch (const basic::ValueError& error) {
+    throw ado::Error(error.what(), "22008", source);
+  }
+}
+
+std::int16_t ServerSession::columnCount(const Handle& statement) {
+  SQLSMALLINT columns = 0;
+  check(SQLNumResultCols(statement.get(), &columns), statement);
+  if (columns < 0) throw ado::Error("The driver tells less than no columns.", "HY000", source);
+  return columns;
 }
 
 bool ServerSession::nextResult(const Handle& statement) {
@@ -109,6 +126,9 @@ std::vector<std::string> ServerSession::keyColumns(const std::string& table) {
   std::array<std::u16string, 3> place;  // Database, owner, table; what is not named is left to the server.
   std::transform(parts.end() - 3, parts.end(), place.begin(),
                  [](const std::string& part) { return toWide(part); });
+  for (const std::u16string& part : place)
+    if (part.size() > static_cast<std::size_t>(std::numeric_limits<SQLSMALLINT>::max()))
+      throw ado::Error("The name of the table is too long.", "HY090", source);
   const auto name = [&place](std::size_t part) { return place[part].empty() ? nullptr : units(place[part]); };
   const auto length = [&place](std::size_t part) { return static_cast<SQLSMALLINT>(place[part].size()); };
   const std::unique_ptr<Handle> statement = newStatement();

@@ -15,6 +15,7 @@
 
 namespace payslate::odbc {
 
+class Parameters;
 class ResultCursor;
 
 /// Not for several threads at once.
@@ -53,11 +54,14 @@ class ServerSession {
   void enter(ResultCursor& cursor) { cursors_.insert(&cursor); }
   void leave(ResultCursor& cursor) { cursors_.erase(&cursor); }
 
+  /// How many columns the result has on which the statement stands.
+  std::int16_t columnCount(const Handle& statement);
   /// Throws what `code`, the answer of a call on this handle, stands for; does nothing for success.
   void check(std::int16_t code, const Handle& handle);
 
  private:
   std::unique_ptr<Handle> newStatement();
+  [[nodiscard]] std::unique_ptr<Parameters> parametersOf(const std::vector<basic::Value>& values) const;
   std::int16_t send(const Handle& statement, std::string_view text) const;
   void settleCursors();
   void returnToAutoCommit();

@@ -14,6 +14,7 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr std::size_t mostIdleStatements = 256;
+constexpr int stepsBetweenLooks = 10'000;  // At the clock, while a statement runs.
 
 }  // namespace
 
@@ -50,7 +51,7 @@ void Statement::bind(const std::vector<tsql::Cell>& values) {
 
 bool Statement::step() {
   file_.functionError.reset();
-  const int code = sqlite3_step(handle_);
+  const int code = file_.step(handle_);
   // Without locks a row, or an error, may come from a file that is just being written.
   if (quiet_ && !quiet_->isUnchanged()) {
     reset();
@@ -95,6 +96,12 @@ DatabaseFile::DatabaseFile(FileWish wish) : wish_(std::move(wish)) {
 void DatabaseFile::open() {
   OpenedFile file = openFile(wish_);
   registerFunctions(file.handle.get(), *this);
+  sqlite3_progress_handler(
+      file.handle.get(), stepsBetweenLooks,
+      [](void* self) {
+        return std::chrono::steady_clock::now() > static_cast<DatabaseFile*>(self)->deadline_ ? 1 : 0;
+      },
+      this);
   dropIdleStatements();
   handle_ = std::move(file.handle);
   quiet_ = std::move(file.quiet);
@@ -125,6 +132,13 @@ std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
                                       SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
   if (code != SQLITE_OK) throw error(code);
   return std::make_unique<Statement>(*this, sql, handle);
+}
+
+int DatabaseFile::step(sqlite3_stmt* handle) {
+  deadline_ = std::chrono::steady_clock::now() + wish_.statement;
+  const int code = sqlite3_step(handle);
+  deadline_ = std::chrono::steady_clock::time_point::max();
+  return code;
 }
 
 void DatabaseFile::giveBack(const std::string& sql, sqlite3_stmt* handle) {

@@ -1,6 +1,7 @@
 // One open database file: its handle, its prepared statements, and who is reading from it.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -89,10 +90,12 @@ class DatabaseFile {
   friend class Statement;
   void open();
   void giveBack(const std::string& sql, sqlite3_stmt* handle);
+  int step(sqlite3_stmt* handle);
   [[nodiscard]] ado::Error described(int code);
   void refuseLostFile() const;
 
   FileWish wish_;
+  std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
   Handle handle_;
   std::shared_ptr<const QuietFile> quiet_;
   ado::TransactionState transaction_;

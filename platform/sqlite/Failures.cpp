@@ -59,6 +59,8 @@ ado::Error failure(sqlite3* handle, int code) {
       return made(constraintSentence(code, message), tsql::state::constraint);
     case SQLITE_BUSY:
       return made("The database is locked by another user. Try again in a moment.", "HYT00");
+    case SQLITE_INTERRUPT:
+      return made("The statement takes too long and was stopped.", "HYT00");
     case SQLITE_CORRUPT:
       return made("The database file is damaged.", tsql::state::general);
     case SQLITE_TOOBIG:

@@ -30,7 +30,7 @@ Handle opened(const FileWish& wish, const std::string& name, int flags) {
     throw ado::Error("'" + wish.path + "' cannot be opened: " + reason.Description, "08001", reason.Source,
                      reason.Number, reason.NativeError);
   }
-  sqlite3_busy_timeout(raw, wish.busyMilliseconds);
+  sqlite3_busy_timeout(raw, static_cast<int>(wish.busy.count()));
   // A quoted name that does not exist is an error, and never a text.
   sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);

@@ -1,6 +1,7 @@
 // Opening a database file: to write it, or to read it alone where it cannot be written.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -12,9 +13,11 @@ namespace payslate::sqlite {
 
 struct FileWish {
   std::string path;
-  bool create = false;       ///< Makes the file where there is none.
-  bool readOnly = false;     ///< Never writes, whatever the file's rights are.
-  int busyMilliseconds = 0;  ///< How long a lock is waited for.
+  bool create = false;    ///< Makes the file where there is none.
+  bool readOnly = false;  ///< Never writes, whatever the file's rights are.
+  // How long the database may keep its user waiting:
+  std::chrono::milliseconds busy{5000};        ///< For another's lock.
+  std::chrono::milliseconds statement{30000};  ///< For the end of a statement, or its next row.
 };
 
 struct Closing {

@@ -20,10 +20,9 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr const char* source = "payslate.sqlite";
-constexpr int defaultBusyMilliseconds = 5000;
 constexpr std::size_t mostTranslations = 1000;
 
-/// PATH;Create=True;ReadOnly=True;BusyTimeout=milliseconds
+/// PATH;Create=True;ReadOnly=True;BusyTimeout=milliseconds;StatementTimeout=milliseconds
 struct Options {
   FileWish file;
   bool inMemory = false;
@@ -33,9 +32,15 @@ struct Options {
   throw ado::Error(sentence, sqlState, source);
 }
 
+std::optional<std::chrono::milliseconds> millisecondsOf(const std::string& value) {
+  int number = 0;
+  const auto read = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (read.ec != std::errc() || read.ptr != value.data() + value.size() || number < 0) return std::nullopt;
+  return std::chrono::milliseconds(number);
+}
+
 Options optionsOf(const ado::ConnectionString& connection) {
-  Options options{{.path = connection.path(), .busyMilliseconds = defaultBusyMilliseconds},
-                  connection.isInMemory()};
+  Options options{{.path = connection.path()}, connection.isInMemory()};
   options.file.create = options.inMemory;
   for (const auto& [key, given] : connection.parts()) {
     const std::string name = basic::lower(key);
@@ -45,8 +50,10 @@ Options optionsOf(const ado::ConnectionString& connection) {
       options.file.create = value == "true";
     } else if (name == "readonly" && truth) {
       options.file.readOnly = value == "true";
-    } else if (name == "busytimeout" && basic::IsNumeric(value)) {
-      options.file.busyMilliseconds = basic::CLng(basic::Value(value));
+    } else if (const auto time = millisecondsOf(value); time && name == "busytimeout") {
+      options.file.busy = *time;
+    } else if (time && name == "statementtimeout") {
+      options.file.statement = *time;
     } else {
       // What follows the name may be a password, of a string for another database.
       refuse("The option '" + key + "' of the connection string is not known.");

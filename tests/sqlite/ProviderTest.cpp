@@ -242,6 +242,24 @@ TEST(Provider, RollbackLeavesEverythingUsable) {
   cursor.reset();
 }
 
+TEST(Provider, StopsWhatTakesTooLong) {
+  const auto provider = open(":memory:;StatementTimeout=50");
+  provider->execute("create table t (a int not null primary key)");
+  for (int i = 0; i < 40; ++i) provider->execute("insert into t values (" + std::to_string(i) + ")");
+  const std::string endless = "(select count(*) from t b, t c, t d, t e, t f, t g, t h)";
+  EXPECT_EQ(stateOf([&] { first(*provider, "select " + endless); }).substr(0, 5), "HYT00");
+  EXPECT_EQ(first(*provider, "select count(*) from t"), "40");
+  provider->begin();
+  provider->execute("delete from t where a = 1");
+  EXPECT_EQ(stateOf([&] { provider->execute("update t set a = a + " + endless); }).substr(0, 5), "HYT00");
+  EXPECT_EQ(stateOf([&] { provider->commit(); }).substr(0, 5), "HYT00");
+  provider->rollback();
+  EXPECT_EQ(first(*provider, "select count(*) from t"), "40");
+  for (const char* const time : {"99999999999", "-1", "1e3", ""})
+    EXPECT_EQ(stateOf([&] { open(std::string(":memory:;BusyTimeout=") + time); }).substr(0, 5), "08001")
+        << time;
+}
+
 TEST(Provider, ValuesComeInTheKindOfTheirColumn) {
   const auto provider = open(":memory:");
   provider->execute(
