@@ -222,6 +222,10 @@ ado::Error DatabaseFile::error(int code) {
   return failure;
 }
 
+ado::Error DatabaseFile::damage(const std::string& where) const {
+  return {damagedSentence(wish_.path, where), tsql::state::general, failureSource};
+}
+
 ado::Error DatabaseFile::described(int code) {
   if (functionError) {
     ado::Error thrown = toAdoError(*functionError);

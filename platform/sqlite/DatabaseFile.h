@@ -83,6 +83,8 @@ class DatabaseFile {
   /// The error behind a failed call of the database. Where the failure ended the open transaction, all that
   /// is asked for until `rollback` repeats it.
   [[nodiscard]] ado::Error error(int code);
+  /// For what is stored and cannot be; `where` as in "a stored value".
+  [[nodiscard]] ado::Error damage(const std::string& where) const;
   std::optional<tsql::SqlError> functionError;  ///< What a run-time function threw, until it is reported.
 
  private:
