@@ -20,8 +20,8 @@ constexpr const char* sealTable =
 // One statement, so that it all is of one moment.
 constexpr std::int64_t sealRow = 4;
 constexpr const char* keptSeal =
-    "UNION ALL SELECT 4, sum, version = (SELECT user_version FROM pragma_user_version), NULL, NULL, NULL, NULL "
-    "FROM catalog_seal";
+    "UNION ALL SELECT 4, sum, version = (SELECT user_version FROM pragma_user_version), NULL, NULL, NULL, "
+    "NULL FROM catalog_seal";
 
 // Each step is a bijection: two texts that differ in one byte never have the same sum.
 void addByte(std::uint64_t& sum, unsigned char byte) {

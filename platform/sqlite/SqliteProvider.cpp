@@ -81,6 +81,7 @@ class SqliteProvider : public ado::Provider {
         file_.run("PRAGMA synchronous = FULL");
       }
       refresh();
+      file_.requireSound();
     } catch (const ado::Error& error) {
       const std::string quoted = "'" + options.file.path + "'";
       const bool names = error.Description.find(quoted) != std::string::npos;
