@@ -104,8 +104,8 @@ Holdings MarkedMonth::holdings() {
   std::map<std::int32_t, std::int32_t> marks;  // By entry; 0 for one that is not of this month.
   std::map<std::int32_t, bool> cancelled;
   ado::Recordset headers = connection.Execute(
-      "select emhID, emhempID, emhbasicpay, emhCancelled, case when emhDate = '2026/05/31' then 1 else 0 end, "
-      "isnull(emhCancelledRemarks, '') from pempmonthlyentryheader where emhCompanyID = 1");
+      "select emhID, emhempID, emhbasicpay, emhCancelled, case when emhDate = '2026/05/31' then 1 else 0 "
+      "end, isnull(emhCancelledRemarks, '') from pempmonthlyentryheader where emhCompanyID = 1");
   for (; !headers.Eof(); headers.MoveNext()) {
     const std::int32_t id = whole(headers, 0);
     if (marks[id] = 0; whole(headers, 4) == 0) continue;

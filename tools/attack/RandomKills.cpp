@@ -36,10 +36,8 @@ void workOn(const std::string& path, const std::vector<std::int32_t>& employees,
       month = std::make_unique<MarkedMonth>(path);
       holdings = month->holdings();
     }
-    Holding& holding = holdings[employees[chance() % employees.size()]];
-    const auto employee = std::find_if(holdings.begin(), holdings.end(), [&](const auto& entry) {
-                            return &entry.second == &holding;
-                          })->first;
+    const std::int32_t employee = employees[chance() % employees.size()];
+    Holding& holding = holdings[employee];
     Deed deed{Kind::Enter, employee, static_cast<std::int32_t>(1 + chance() % highestMark)};
     if (holding.live != 0) deed.kind = chance() % 3 == 0 ? Kind::Cancel : Kind::Rewrite;
     if (deed.kind == Kind::Cancel) deed.mark = holding.live;

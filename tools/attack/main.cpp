@@ -41,8 +41,7 @@ int main(int argc, char** argv) {
       return 0;
     }
     if ((words.size() != 5 && words.size() != 6) || !attacks.contains(words[0])) {
-      std::cerr
-          << "Usage: payslate-attack demo FILE | kills|writes|copies|catalog FILE SEED PERCENT FOLDER [STEP]\n";
+      std::cerr << "Usage: payslate-attack demo FILE | ATTACK FILE SEED PERCENT FOLDER [STEP]\n";
       return 2;
     }
     Plan plan{words[1], static_cast<std::uint32_t>(std::stoul(words[2])), std::stoi(words[3]), words[4], {}};
