@@ -14,7 +14,7 @@ struct Cut {
 /// From here on every database of this process is counted.
 void countFiles();
 /// Counts from 0 again, and ends there. Before a database is opened.
-void cutAt(const Cut& cut);
+void cutAt(const Cut& wanted);
 std::int64_t countedEvents();
 
 }  // namespace payslate::attack

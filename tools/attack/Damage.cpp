@@ -252,7 +252,7 @@ std::vector<std::int64_t> sample(std::int64_t count, const Plan& plan, unsigned 
   Random chance(plan.seed);
   std::vector<std::int64_t> steps;
   for (std::int64_t step = 0; step < count; ++step)
-    if (plan.percent == 100 || chance() % (100 * timesSmaller) < static_cast<unsigned>(plan.percent))
+    if (plan.percent == 100 || chance() % (100UL * timesSmaller) < static_cast<unsigned>(plan.percent))
       steps.push_back(step);
   return steps;
 }

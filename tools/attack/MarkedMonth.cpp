@@ -46,9 +46,10 @@ EntryRecord marked(std::int32_t employee, std::int32_t mark) {
     entry.deductions.push_back({"", "Union fee", amount, "7", DeductKind::Added, "Rs", ""});
   for (int row = 0; row < rowsOf(movements, mark); ++row)
     entry.deductions.push_back({"", "", amount, amount, DeductKind::CarriedForward, "Rs"});
-  for (std::int16_t row = 0; row < rowsOf(facilities, mark); ++row) {
+  for (int row = 0; row < rowsOf(facilities, mark); ++row) {
     const std::string tracking = std::to_string(employee * trackingsOfAnEmployee + row);
-    entry.facilities.push_back({row, tracking, "", "", amount, amount, amount, "3", "Rs"});
+    entry.facilities.push_back(
+        {static_cast<std::int16_t>(row), tracking, "", "", amount, amount, amount, "3", "Rs"});
   }
   return entry;
 }

@@ -14,7 +14,7 @@
 namespace payslate::attack {
 
 std::string freshDatabase(const Plan& plan, const std::string& name) {
-  const std::string path = plan.folder + '/' + name;
+  std::string path = plan.folder + '/' + name;
   for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path + suffix);
   std::filesystem::copy_file(plan.demo, path);
   return path;
