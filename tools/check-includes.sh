@@ -29,6 +29,8 @@ payslate           : component persistence browser $platform platform/providers
 desktop            : platform/basic platform/ui <Q
 host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/ <nlohmann/
 host/example       : payslate desktop $platform
+tools/attack       : component persistence payslate schema $platform platform/scripted platform/providers host <sqlite3.h> \
+                     <poll.h> <sys/ <unistd.h>
 tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
 tools/tsqlserver   : $databases <CLI/ <arpa/ <netinet/ <poll.h> <sys/ <unistd.h>
 fuzz               : platform/basic platform/ado platform/sqlite platform/odbc platform/ui platform/scripted schema \

@@ -236,6 +236,15 @@ ado::Error DatabaseFile::error(int code) {
   return failure;
 }
 
+void DatabaseFile::requireSound() {
+  const std::unique_ptr<Statement> check = prepare("PRAGMA main.quick_check(1)");
+  if (check->step() && check->column(0) != tsql::Cell(std::string("ok"))) throw damage("");
+}
+
+ado::Error DatabaseFile::damage(const std::string& where) const {
+  return {damagedSentence(wish_.path, where), tsql::state::general, failureSource};
+}
+
 ado::Error DatabaseFile::described(int code) {
   if (functionError) {
     ado::Error thrown = toAdoError(*functionError);

@@ -84,6 +84,11 @@ class DatabaseFile {
   /// The error behind a failed call of the database. Where the failure ended the open transaction, all that
   /// is asked for until `rollback` repeats it.
   [[nodiscard]] ado::Error error(int code);
+  /// ado::Error where pages or rows are not what their tables say: with one page in the place of another
+  /// entries would be missing without a word. Reads the whole file.
+  void requireSound();
+  /// For what is stored and cannot be; `where` as in "a stored value".
+  [[nodiscard]] ado::Error damage(const std::string& where) const;
   std::optional<tsql::SqlError> functionError;  ///< What a run-time function threw, until it is reported.
 
  private:

@@ -49,10 +49,19 @@ std::string readOnlySentence(sqlite3* handle) {
 
 }  // namespace
 
+std::string damagedSentence(const std::string& path, const std::string& where) {
+  return "The database file '" + path + "' is damaged" + (where.empty() ? "" : " in " + where) +
+         ": restore a backup of it.";
+}
+
 ado::Error failure(sqlite3* handle, int code) {
   const std::string message = handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code);
   const auto made = [&](const std::string& description, const char* sqlState) {
     return ado::Error(description, sqlState, failureSource, 0, code);
+  };
+  const auto damaged = [&] {
+    const char* path = handle == nullptr ? nullptr : sqlite3_db_filename(handle, "main");
+    return made(damagedSentence(path == nullptr ? "" : path, ""), tsql::state::general);
   };
   switch (code & primaryCodeMask) {
     case SQLITE_CONSTRAINT:
@@ -62,15 +71,18 @@ ado::Error failure(sqlite3* handle, int code) {
     case SQLITE_INTERRUPT:
       return made("The statement takes too long and was stopped.", "HYT00");
     case SQLITE_CORRUPT:
-      return made("The database file is damaged.", tsql::state::general);
+      return damaged();
     case SQLITE_TOOBIG:
       return made("A text is longer than the database can hold.", tsql::state::truncation);
     case SQLITE_NOTADB:
-      return made("The file is not a database.", tsql::state::general);
+      return made("The file is not a database, or its beginning is damaged: restore a backup of it.",
+                  tsql::state::general);
     case SQLITE_CANTOPEN:
       return made("The database file cannot be opened.", "08001");
     case SQLITE_READONLY:
       return made(readOnlySentence(handle), "25006");
+    case SQLITE_NOMEM:
+      return made("There is not enough memory.", tsql::state::general);
     case SQLITE_FULL:
       return made("The disk is full.", tsql::state::general);
     case SQLITE_IOERR:
@@ -83,6 +95,9 @@ ado::Error failure(sqlite3* handle, int code) {
     return made("There is no index '" + afterColon(message) + "'.", "42S12");
   if (message.find("already exists") != std::string::npos)
     return made("There is an object of that name already: " + message + ".", "42S01");
+  // What the catalog promised is not there, or reads otherwise: a statement of ours is never wrong by itself.
+  for (const char* sign : {"no such ", "malformed", "unrecognized token", "unsupported file format"})
+    if (message.starts_with(sign)) return damaged();
   // The database's own parser gives up on expressions that nest too deep.
   for (const char* limit : {"parser stack overflow", "maximum depth", "too many"}) {
     if (message.find(limit) != std::string::npos) {
@@ -90,7 +105,7 @@ ado::Error failure(sqlite3* handle, int code) {
                   tsql::state::syntax);
     }
   }
-  return made(message, tsql::state::general);
+  return made("The database cannot do this (" + message + ").", tsql::state::general);
 }
 
 }  // namespace payslate::sqlite

@@ -70,8 +70,9 @@ void guarded(sqlite3_context* context, DatabaseFile& file, Body body) {
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception&) {
-    file.functionError = tsql::SqlError(tsql::state::general, damagedValue);
-    sqlite3_result_error(context, damagedValue, -1);
+    const ado::Error damage = file.damage("a stored value");
+    file.functionError = tsql::SqlError(tsql::state::general, damage.Description);
+    sqlite3_result_error(context, damage.what(), -1);
   }
 }
 

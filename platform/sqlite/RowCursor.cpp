@@ -1,6 +1,7 @@
 // Stepping and reading ahead.
 #include "platform/sqlite/RowCursor.h"
 
+#include "platform/basic/Error.h"
 #include "platform/sqlite/Values.h"
 
 namespace payslate::sqlite {
@@ -47,14 +48,21 @@ basic::Value RowCursor::value(std::size_t column) const {
     throw ado::Error("There is no current row to read from.", tsql::state::general, "payslate.sqlite");
   }
   if (state_ == State::Settled) return (*current_)[column];
-  return toValue(statement_->column(column), columns_[column].type);
+  return stored(column);
+}
+
+basic::Value RowCursor::stored(std::size_t column) const {
+  try {
+    return toValue(statement_->column(column), columns_[column].type);
+  } catch (const basic::ValueError&) {
+    throw file_->damage("a stored value");
+  }
 }
 
 ado::ReadAhead::Row RowCursor::readRow() const {
   ado::ReadAhead::Row row;
   row.reserve(columns_.size());
-  for (std::size_t i = 0; i < columns_.size(); ++i)
-    row.push_back(toValue(statement_->column(i), columns_[i].type));
+  for (std::size_t i = 0; i < columns_.size(); ++i) row.push_back(stored(i));
   return row;
 }
 

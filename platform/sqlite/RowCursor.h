@@ -32,6 +32,7 @@ class RowCursor : public ado::Cursor {
  private:
   enum class State { Fresh, Stepping, Settled, Done, Detached };
 
+  [[nodiscard]] basic::Value stored(std::size_t column) const;
   [[nodiscard]] ado::ReadAhead::Row readRow() const;
 
   DatabaseFile* file_;

@@ -8,6 +8,7 @@
 
 #include "platform/ado/ConnectionString.h"
 #include "platform/basic/Numbers.h"
+#include "platform/sqlite/CatalogSeal.h"
 #include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/RowCursor.h"
 #include "platform/sqlite/StoredCatalog.h"
@@ -87,8 +88,11 @@ class SqliteProvider : public ado::Provider {
         file_.run("PRAGMA synchronous = FULL");
       }
       refresh();
+      file_.requireSound();
     } catch (const ado::Error& error) {
-      throw ado::Error("'" + options.file.path + "' cannot be opened: " + error.Description, "08001", source,
+      const std::string quoted = "'" + options.file.path + "'";
+      const bool names = error.Description.find(quoted) != std::string::npos;
+      throw ado::Error((names ? "" : quoted + " cannot be opened: ") + error.Description, "08001", source,
                        error.Number, error.NativeError);
     }
   }
@@ -206,6 +210,7 @@ class SqliteProvider : public ado::Provider {
   void refresh() {
     if (file_.followOthers()) version_.reset();
     if (version_ && StoredCatalog::version(file_) == *version_) return;
+    requireSeal(file_);
     if (!version_) StoredCatalog::describe(file_);
     reload();
   }

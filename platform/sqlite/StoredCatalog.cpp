@@ -1,6 +1,9 @@
 // Two tables: objects, and the columns of tables with their Transact-SQL types.
 #include "platform/sqlite/StoredCatalog.h"
 
+#include <algorithm>
+
+#include "platform/sqlite/CatalogSeal.h"
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
 #include "platform/tsql/Parser.h"
@@ -75,9 +78,14 @@ const char* kindName(tsql::ObjectKind kind) {
   return "";
 }
 
-[[noreturn]] void damaged(const std::string& object) {
-  throw ado::Error("The catalog of the database is damaged at '" + object + "'.", tsql::state::general,
-                   "payslate.sqlite");
+struct DamagedObject {
+  std::string name;
+};
+
+[[noreturn]] void damaged(std::string object) {
+  const auto isUnprintable = [](char byte) { return byte < ' ' || byte > '~'; };
+  std::replace_if(object.begin(), object.end(), isUnprintable, '?');
+  throw DamagedObject{std::move(object)};
 }
 
 std::string text(const Statement& row, std::size_t column) {
@@ -188,6 +196,14 @@ std::int64_t StoredCatalog::version(DatabaseFile& file) {
 
 void StoredCatalog::load(DatabaseFile& file) {
   requireKnownFormat(file);
+  try {
+    loadObjects(file);
+  } catch (const DamagedObject& object) {
+    throw file.damage("its catalog at '" + object.name + "'");
+  }
+}
+
+void StoredCatalog::loadObjects(DatabaseFile& file) {
   tables_.clear();
   for (CatalogView& view : catalogViews())
     tables_[tsql::lowerWord(view.name)] = tsql::TableInfo{view.name, std::move(view.columns)};
@@ -222,6 +238,7 @@ void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change)
   recordObject(file, change);
   file.run("PRAGMA user_version = " + std::to_string(version(file) + 1));
   markFormat(file);
+  sealCatalog(file);
 }
 
 void StoredCatalog::recordObject(DatabaseFile& file, const tsql::SchemaChange& change) {

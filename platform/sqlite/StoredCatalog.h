@@ -29,6 +29,7 @@ class StoredCatalog : public tsql::Catalog {
   static void record(DatabaseFile& file, const tsql::SchemaChange& change);
 
  private:
+  void loadObjects(DatabaseFile& file);
   static void recordObject(DatabaseFile& file, const tsql::SchemaChange& change);
 
   std::map<std::string, tsql::TableInfo, std::less<>> tables_;  // By lower-case name; likewise below.

@@ -82,12 +82,7 @@ ado::ColumnType columnType(const tsql::Type& type) {
 }
 
 basic::Value toValue(const tsql::Cell& cell, ado::ColumnType type) {
-  if (tsql::isNull(cell)) return basic::Null{};
-  try {
-    return valueOf(cell, type);
-  } catch (const basic::ValueError&) {
-    throw ado::Error(damagedValue, tsql::state::general, "payslate.sqlite");
-  }
+  return tsql::isNull(cell) ? basic::Value(basic::Null{}) : valueOf(cell, type);
 }
 
 tsql::Cell toStored(const basic::Value& value, const tsql::ColumnInfo& column, const std::string& table) {

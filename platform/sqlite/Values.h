@@ -8,11 +8,8 @@
 
 namespace payslate::sqlite {
 
-inline constexpr const char* damagedValue =
-    "A stored value is not of its column's type: the database is damaged.";
-
 ado::ColumnType columnType(const tsql::Type& type);
-/// ado::Error for a cell that a column of this type cannot have.
+/// basic::ValueError for a cell that a column of this type cannot have.
 basic::Value toValue(const tsql::Cell& cell, ado::ColumnType type);
 /// As an insert stores it. tsql::SqlError when the column's type refuses it; `table` is for the message.
 tsql::Cell toStored(const basic::Value& value, const tsql::ColumnInfo& column, const std::string& table);

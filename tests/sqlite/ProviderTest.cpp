@@ -108,20 +108,18 @@ TEST_F(Files, TwoConnectionsSeeOneCatalog) {
 
 TEST_F(Files, ADamagedCatalogIsTold) {
   const std::pair<const char*, const char*> damages[] = {
-      {"UPDATE catalog_columns SET type = 'zork' WHERE name = 'a'", "damaged at 't'"},
-      {"UPDATE catalog_objects SET kind = 'zork' WHERE key = 'v'", "damaged at 'v'"},
-      {"UPDATE catalog_objects SET text = NULL WHERE key = 'v'", "damaged at 'v'"},
-      {"DELETE FROM catalog_columns", "damaged at 't'"},
-      {"DELETE FROM catalog_objects WHERE key = 't'", "damaged at 't'"},
+      {"UPDATE catalog_columns SET type = 'zork' WHERE name = 'a'", "its catalog at 't'"},
+      {"UPDATE catalog_objects SET kind = 'zork' WHERE key = 'v'", "its catalog at 'v'"},
+      {"UPDATE catalog_objects SET text = NULL WHERE key = 'v'", "its catalog at 'v'"},
+      {"DELETE FROM catalog_columns", "its catalog at 't'"},
+      {"DELETE FROM catalog_objects WHERE key = 't'", "its catalog at 't'"},
       {"UPDATE catalog_objects SET text = 'select 1' WHERE key = 'v'",
        "In the view 'v': The stored text is damaged"},
       {"UPDATE catalog_objects SET text = 'zork' WHERE key = 'v'", "In the view 'v': "},
       {"UPDATE catalog_objects SET text = 'select 1' WHERE key = 'p'",
        "In the procedure 'p': The stored text"},
-      {"UPDATE catalog_columns SET type = 'decimal(9,2)' WHERE name = 'a'",
-       "A stored value is not of its column's"},
-      {"UPDATE catalog_columns SET type = 'datetime' WHERE name = 'a'",
-       "A stored value is not of its column's"},
+      {"UPDATE catalog_columns SET type = 'decimal(9,2)' WHERE name = 'a'", "damaged in a stored value"},
+      {"UPDATE catalog_columns SET type = 'datetime' WHERE name = 'a'", "damaged in a stored value"},
   };
   for (const auto& [damage, sentence] : damages) {
     std::filesystem::remove(path());
@@ -132,12 +130,19 @@ TEST_F(Files, ADamagedCatalogIsTold) {
       whole->execute("create procedure p as select 1 c");
       whole->execute("insert into t values ('x')");
     }
+    const auto told = [&] {
+      return stateOf([&] {
+        const auto provider = open(path());
+        for (const char* statement : {"select a from t", "select * from v", "p"}) first(*provider, statement);
+      });
+    };
+    EXPECT_EQ(told(), "no error");
     sqlite::DatabaseFile({.path = path()}).run(damage);
-    const std::string told = stateOf([&] {
-      const auto provider = open(path());
-      for (const char* statement : {"select a from t", "select * from v", "p"}) first(*provider, statement);
-    });
-    EXPECT_NE(told.find(sentence), std::string::npos) << damage << "\n  gave " << told;
+    EXPECT_EQ(told(),
+              "08001 The database file '" + path() + "' is damaged in its catalog: restore a backup of it.")
+        << damage;
+    sqlite::DatabaseFile({.path = path()}).run("DELETE FROM catalog_seal");  // As earlier files have none.
+    EXPECT_NE(told().find(sentence), std::string::npos) << damage << "\n  gave " << told();
   }
 }
 
