@@ -237,6 +237,8 @@ ado::Error DatabaseFile::error(int code) {
 }
 
 void DatabaseFile::requireSound() {
+  constexpr std::int64_t mostBytesLookedAt = 256LL << 20;  // More than a second.
+  if (number("PRAGMA page_count") * number("PRAGMA page_size") > mostBytesLookedAt) return;
   const std::unique_ptr<Statement> check = prepare("PRAGMA main.quick_check(1)");
   if (check->step() && check->column(0) != tsql::Cell(std::string("ok"))) throw damage("");
 }

@@ -85,7 +85,7 @@ class DatabaseFile {
   /// is asked for until `rollback` repeats it.
   [[nodiscard]] ado::Error error(int code);
   /// ado::Error where pages or rows are not what their tables say: with one page in the place of another
-  /// entries would be missing without a word. Reads the whole file.
+  /// entries would be missing without a word. Reads the whole file, unless it is larger than 256 MB.
   void requireSound();
   /// For what is stored and cannot be; `where` as in "a stored value".
   [[nodiscard]] ado::Error damage(const std::string& where) const;

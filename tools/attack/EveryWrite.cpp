@@ -44,6 +44,7 @@ bool cutOnce(const std::string& path, const Deed& deed, const Cut& cut) {
   if (worker.ended() != SIGKILL) throw Broken("the process went on");
   MarkedMonth month(path);
   const Holdings held = month.holdings();
+  month.requireJournal();
   const Holdings old{{before.employee, Holding().after(before)}};
   Holdings stored = old;
   stored[deed.employee] = stored[deed.employee].after(deed);

@@ -6,6 +6,7 @@
 #include "persistence/Cancellation.h"
 #include "persistence/EntryReader.h"
 #include "persistence/EntryStore.h"
+#include "persistence/JournalProof.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/Transaction.h"
 #include "platform/basic/Numbers.h"
@@ -78,6 +79,7 @@ MarkedMonth::MarkedMonth(const std::string& path)
   session_.intUserID = 1;
   session_.intInterfaceID = 40001;
   session_.TableLinks.load(*session_.adocon());
+  session_.TableLinks.loadJournal(*session_.adocon());
   database_->adocon(session_.adocon());
 }
 
@@ -95,7 +97,7 @@ void MarkedMonth::perform(const Deed& deed) {
   }
   EntryRecord entry = marked(deed.employee, deed.mark);
   if (deed.kind == Kind::Rewrite) entry.id = liveEntry(deed.employee);
-  storeEntry(session_, *database_, entry);
+  storeEntry(session_, *database_, entry, {});
 }
 
 Holdings MarkedMonth::holdings() {
@@ -141,6 +143,12 @@ Holdings MarkedMonth::holdings() {
     }
   }
   return found;
+}
+
+void MarkedMonth::requireJournal() {
+  const JournalProof proof = proveJournal(session_, {});
+  for (const auto& faults : {proof.broken, proof.foreign})
+    for (const JournalFault& fault : faults) throw Broken("The journal of an entry: " + fault.what + ".");
 }
 
 }  // namespace payslate::attack

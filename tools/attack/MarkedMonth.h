@@ -50,6 +50,8 @@ class MarkedMonth {
   void perform(const Deed& deed);
   /// The month as one moment shows it; Broken for an entry that is not whole, and rows without one.
   Holdings holdings();
+  /// Broken where the journal does not hold, or tells of other entries than there are.
+  void requireJournal();
 
  private:
   [[nodiscard]] std::int32_t liveEntry(std::int32_t employee);

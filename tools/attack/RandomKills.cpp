@@ -141,7 +141,9 @@ void killOnce(std::deque<Clerk>& clerks, const std::string& path, Random& chance
       while (clerk.hear(0)) continue;
     told.push_back(clerk.told());
   }
-  const Holdings held = MarkedMonth(path).holdings();
+  MarkedMonth month(path);
+  const Holdings held = month.holdings();
+  month.requireJournal();
   for (const auto& [employee, holding] : held)
     figures.entries += holding.cancelled.size() + (holding.live != 0 ? 1 : 0);
   for (std::size_t i = 0; i < clerks.size(); ++i) {
