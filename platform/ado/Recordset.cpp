@@ -8,6 +8,7 @@
 
 #include "platform/ado/OpenDatabase.h"
 #include "platform/ado/Provider.h"
+#include "platform/basic/Error.h"
 #include "platform/basic/Numbers.h"
 
 namespace payslate::ado {
@@ -33,6 +34,16 @@ void refuseTextWithoutNumber(const Column& column, const basic::Value& value) {
   if (text == nullptr || !holdsNumbers(column) || basic::IsNumeric(*text)) return;
   throw Error("The text \"" + *text + "\" cannot be stored in " + column.name + ", which holds numbers",
               "22018");
+}
+
+// Numbers that are none, and dates outside the calendar, have no text and no place in any database.
+void refuseImpossible(const Column& column, const basic::Value& value) {
+  if (!std::holds_alternative<double>(value) && !std::holds_alternative<basic::Date>(value)) return;
+  try {
+    basic::textOf(value);
+  } catch (const basic::ValueError& error) {
+    throw Error("The value cannot be stored in " + column.name + ": " + error.what(), "22003");
+  }
 }
 
 }  // namespace
@@ -320,6 +331,7 @@ Field& Field::operator=(basic::Value value) {
   const bool begins = open.edit == Edit::None;
   if (begins) open.refuseToEditCurrent();
   refuseTextWithoutNumber(open.columns[index_], value);
+  refuseImpossible(open.columns[index_], value);
   if (begins) open.beginEdit(Edit::Changing);
   open.assigned[index_] = std::move(value);
   return *this;

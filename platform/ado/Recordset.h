@@ -26,7 +26,8 @@ class Field {
   [[nodiscard]] std::string Text() const;
   /// Assigns to the row being added, or edits the current row; sent by Update. Error when the recordset is
   /// read-only, has no current row, or does not stand on exactly one table, and for text that is no number in
-  /// a column of numbers; a refused assignment begins no edit.
+  /// a column of numbers, a number that is none, and a date outside the calendar; a refused assignment begins
+  /// no edit.
   Field& operator=(basic::Value value);
   Field(const Field&) = default;
   /// Assigns the other's value, which may be its own.
