@@ -5,7 +5,7 @@
 
 #include "browser/EntryGrid.h"
 #include "browser/FrmEntryJournal.h"
-#include "browser/FunctionRights.h"
+#include "component/FunctionRights.h"
 #include "browser/frmCancel.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "component/BasPaySlate.h"
 #include "component/EntryList.h"
@@ -31,10 +32,16 @@
 #include "platform/ui/ListView.h"
 #include "platform/ui/TabControl.h"
 #include "platform/ui/TextBox.h"
+#include "review/Review.h"
 
 namespace payslate {
 
-struct Finding;
+/// A month that OK would store, and what its review found.
+struct OfferedMonth {
+  EntryRecord entry;
+  LoadedMonth loaded;
+  std::vector<Finding> findings;
+};
 
 /// Owns the controls and the rules that span subjects: modes, navigation, closing, the order of a load and of
 /// a save. Each subject has a collaborator of its own, which knows its controls and not the form.
@@ -52,6 +59,17 @@ class frmpayslate : public ui::Form {
   /// the way, as the clerk was told.
   [[nodiscard]] bool monthIsWhole() const { return state_.month == HeldMonth::Whole; }
   [[nodiscard]] const std::string& whyNotWhole() const { return state_.whyNotWhole; }
+
+  // What a program does in a clerk's place that stores the month by itself.
+  /// Is there a pay period for the form's date?
+  [[nodiscard]] bool hasPeriod() const { return attendance_.hasPeriod(); }
+  /// Ticks every recovery.
+  void takeRecoveries();
+  /// Deletes the row that pays salary kept back in earlier months.
+  void leaveBalance();
+  /// The month as OK would store it, validated as OK does; none where that refuses it, with a message.
+  [[nodiscard]] std::optional<OfferedMonth> offeredMonth();
+  [[nodiscard]] const std::vector<NetPay>& netPay() const { return totals_.netPay(); }
 
   ui::Label lblAtteNo{*this, "lblAtteNo", "MonthlyEntry No:"};
   ui::TextBox txtAtteNo{*this, "txtAtteNo"};
@@ -148,6 +166,7 @@ class frmpayslate : public ui::Form {
   /// Asks about what should be looked at before. False when the clerk goes back, to the first of it that has
   /// a place on the form.
   bool reviewEntry();
+  [[nodiscard]] std::vector<Finding> findings() const;
   void pointOut(const Finding& finding);
   void save();
   [[nodiscard]] EntryRecord record() const;

@@ -6,7 +6,6 @@
 #include "persistence/EntryStore.h"
 #include "persistence/StoredStateReader.h"
 #include "platform/basic/Numbers.h"
-#include "review/Review.h"
 
 namespace payslate {
 
@@ -71,9 +70,31 @@ EntryRecord frmpayslate::record() const {
   return entry;
 }
 
-bool frmpayslate::reviewEntry() {
+std::vector<Finding> frmpayslate::findings() const {
   StoredStateReader stored(bas_);
-  const std::vector<Finding> findings = review(record(), state_.loaded, stored);
+  return review(record(), state_.loaded, stored);
+}
+
+std::optional<OfferedMonth> frmpayslate::offeredMonth() {
+  if (!fnValidateEntry()) return {};
+  return OfferedMonth{record(), state_.loaded, findings()};
+}
+
+void frmpayslate::takeRecoveries() {
+  for (int row = 0; row < lvwfacility.rowCount(); ++row)
+    if (!lvwfacility.isChecked(row)) lvwfacility.userChecks(row);
+}
+
+void frmpayslate::leaveBalance() {
+  for (int row = lvwAllow.rowCount() - 1; row >= 0; --row) {
+    if (lvwAllow.cellText(row, AllowColumn::Default) != AllowKind::CarriedForward) continue;
+    lvwAllow.select(row);
+    allowances_.remove();
+  }
+}
+
+bool frmpayslate::reviewEntry() {
+  const std::vector<Finding> findings = this->findings();
   if (findings.empty()) return true;
   if (bas_.message(reviewQuestion(findings), ui::MessageStyle::AskQuestionNo) == ui::Answer::Yes) return true;
   const auto placed = [](const Finding& finding) { return finding.page != ReviewPage::None; };

@@ -28,32 +28,36 @@ struct Words {
   ErrandWish errand;
   std::string errandConnect;
   ShowWish show;
-  std::string date;
+  std::string showDate;
+  MonthWish month;
+  std::string monthDate;
   JournalWish journal;
 };
 
 const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
+const CLI::Range longNumber(0, int{std::numeric_limits<std::int32_t>::max()});
 
 using Command = std::function<ExitCode()>;
 
 // Adds the commands to the parser and returns what each of them does.
 class Commands {
  public:
-  Commands(CLI::App& app, const ScreenMaker& makeScreen, std::ostream& out)
-      : app_(app), makeScreen_(makeScreen), out_(out) {
+  Commands(CLI::App& app, const ScreenMaker& makeScreen, std::ostream& out, std::ostream& err)
+      : app_(app), makeScreen_(makeScreen), out_(out), err_(err) {
     app.require_subcommand(0, 1);  // None is told apart below, after wrong options.
     addDemo();
     addInit();
     addUpgrade();
     addErrand();
     addJournal();
+    addMonth();
     addShow();
   }
 
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, upgrade, errand, show or journal.");
+    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month or journal.");
   }
 
  private:
@@ -112,8 +116,7 @@ class Commands {
                          "Adds a seal and prints it; with --verify, the seal to hold it against")
             ->expected(0, 1)
             ->excludes(entry);
-    parser->add_option("--format", wish.format, "How to write: table, csv, json")
-        ->transform(CLI::CheckedTransformer(reportFormats()));
+    addFormat(parser, wish.format);
     commands_.emplace_back(parser, [this, seal, verify] {
       JournalWish& given = words_.journal;
       given.seals = seal->count() > 0 && verify->count() == 0;
@@ -125,37 +128,67 @@ class Commands {
     });
   }
 
+  void addMonth() {
+    CLI::App* parser = app_.add_subcommand("month", "Enters the month for everybody who has no entry yet");
+    MonthWish& wish = words_.month;
+    addSession(parser, wish.connect, wish.session, words_.monthDate);
+    parser->add_option("--department", wish.options.departments, "Only employees of these departments")
+        ->check(longNumber);
+    parser->add_option("--employee", wish.options.employees, "Only these employees")->check(longNumber);
+    parser->add_flag("--facilities", wish.options.facilities, "Takes every open facility recovery");
+    parser->add_flag("--no-balance{false}", wish.options.balance,
+                     "Leaves salary that was carried forward where it is");
+    parser->add_flag("--dry-run", wish.options.dryRun, "Stores nothing, and tells what would be stored");
+    parser->add_flag("--with-findings", wish.options.withFindings,
+                     "Stores also entries that should be looked at first");
+    addFormat(parser, wish.format);
+    commands_.emplace_back(parser, [this] {
+      words_.month.session.date = dateOf(words_.monthDate);
+      return month(words_.month, out_, err_);
+    });
+  }
+
   void addShow() {
     CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
     scripted::HostSession& session = words_.show.session;
     session.title = "Payroll";
-    parser->add_option("--connect", words_.show.connect, connectHelp)->required();
-    const CLI::Range longNumber(0, int{std::numeric_limits<std::int32_t>::max()});
+    addSession(parser, words_.show.connect, session, words_.showDate);
+    parser->add_option("--title", session.title, "The title of message boxes")->capture_default_str();
+    commands_.emplace_back(parser, [this] {
+      words_.show.session.date = dateOf(words_.showDate);
+      return show(words_.show, makeScreen_);
+    });
+  }
+
+  static void addSession(CLI::App* parser, std::string& connect, scripted::HostSession& session,
+                         std::string& date) {
+    parser->add_option("--connect", connect, connectHelp)->required();
     parser->add_option("--company", session.company, "The company")->required()->check(shortNumber);
     parser->add_option("--user", session.user, "The user who works")->required()->check(shortNumber);
     parser->add_option("--interface", session.interfaceId, "This screen in the rights tables")
         ->required()
         ->check(longNumber);
     parser->add_option("--year", session.year, "The financial year")->required()->check(shortNumber);
-    parser->add_option("--date", words_.date, "The process date, yyyy/mm/dd")->required();
-    parser->add_option("--title", session.title, "The title of message boxes")->capture_default_str();
-    commands_.emplace_back(parser, [this] {
-      readDate();
-      return show(words_.show, makeScreen_);
-    });
+    parser->add_option("--date", date, "The process date, yyyy/mm/dd")->required();
   }
 
-  void readDate() {
+  static void addFormat(CLI::App* parser, ReportFormat& format) {
+    parser->add_option("--format", format, "How to write: table, csv, json")
+        ->transform(CLI::CheckedTransformer(reportFormats()));
+  }
+
+  static basic::Date dateOf(const std::string& text) {
     try {
-      words_.show.session.date = basic::parseDate(words_.date, "yyyy/mm/dd");
+      return basic::parseDate(text, "yyyy/mm/dd");
     } catch (const basic::ValueError&) {
-      throw Refusal("--date is \"" + words_.date + "\" and no date written yyyy/mm/dd.");
+      throw Refusal("--date is \"" + text + "\" and no date written yyyy/mm/dd.");
     }
   }
 
   CLI::App& app_;
   const ScreenMaker& makeScreen_;
   std::ostream& out_;
+  std::ostream& err_;
   Words words_;
   std::vector<std::pair<CLI::App*, Command>> commands_;
 };
@@ -197,7 +230,7 @@ std::string sentence(const std::string& text) {
 int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::ostream& out,
         std::ostream& err) {
   CLI::App app(description, "payroll-host");
-  Commands commands(app, makeScreen, out);
+  Commands commands(app, makeScreen, out, err);
   std::string problem;
   try {
     app.parse(argc, argv);
@@ -207,7 +240,8 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     const bool extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
     problem = extra ? unexpected(app) : error.what();
     if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
-      problem = "There is no such command; use demo, init, upgrade, errand, show or journal, or --help";
+      problem =
+          "There is no such command; use demo, init, upgrade, errand, show, month or journal, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

@@ -10,6 +10,7 @@
 #include "host/Refusal.h"
 #include "host/Report.h"
 #include "host/Screen.h"
+#include "payslate/clspayslate.h"
 #include "platform/scripted/HostSession.h"
 
 namespace payslate::host {
@@ -43,10 +44,19 @@ struct JournalWish {
   ReportFormat format = ReportFormat::Table;
 };
 
+struct MonthWish {
+  std::string connect;
+  scripted::HostSession session;
+  MonthOptions options;
+  ReportFormat format = ReportFormat::Table;
+};
+
 // Each throws Refusal for what it cannot do.
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode journal(const JournalWish& wish, std::ostream& out);
+/// `err` gets the progress, where it is a terminal's.
+ExitCode month(const MonthWish& wish, std::ostream& out, std::ostream& err);
 ExitCode init(const std::string& connect, std::ostream& out);
 ExitCode upgrade(const std::string& connect, std::ostream& out);
 ExitCode show(const ShowWish& wish, const ScreenMaker& makeScreen);

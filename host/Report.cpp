@@ -70,7 +70,13 @@ void writeJson(std::ostream& out, const Report& report) {
     for (std::size_t i = 0; i < row.size(); ++i) object[report.headings[i]] = row[i];
     objects.push_back(std::move(object));
   }
-  out << objects.dump(indentation, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+  nlohmann::ordered_json document = std::move(objects);
+  if (!report.options.empty()) {
+    nlohmann::ordered_json options;
+    for (const auto& [name, value] : report.options) options[name] = value;
+    document = {{"options", std::move(options)}, {"rows", std::move(document)}};
+  }
+  out << document.dump(indentation, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace payslate::host {
@@ -17,6 +18,9 @@ const std::map<std::string, ReportFormat>& reportFormats();
 struct Report {
   std::vector<std::string> headings;
   std::vector<std::vector<std::string>> rows;
+  /// What was asked for, where a reader should know. JSON alone has it, and is then an object of "options"
+  /// and "rows".
+  std::vector<std::pair<std::string, std::string>> options = {};
 };
 
 /// A table is aligned, columns of numbers to the right. CSV goes by RFC 4180, its lines end in \n. JSON is an

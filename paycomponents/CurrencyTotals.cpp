@@ -68,11 +68,13 @@ void CurrencyTotals::showCurrency(const std::string& symbol) {
                      DeductColumn::CurrencySymbol, -1},
                     symbol);
   addAmount(headingIndent + "Total (" + symbol + ")", total);
+  netPay_.push_back({symbol, Format(total, amountPattern)});
   addRow({});
 }
 
 void CurrencyTotals::DisplayCurrency() {
   controls_.lvwCurrency.clear();
+  netPay_.clear();
   showcurrency();
   for (const std::string& symbol : cur_) showCurrency(symbol);
 }

@@ -21,6 +21,12 @@ struct CurrencyControls {
   ui::ListView& lvwCurrency;
 };
 
+/// What is left to be paid in one currency, as the statement shows it.
+struct NetPay {
+  std::string symbol;
+  std::string amount;
+};
+
 class CurrencyTotals {
  public:
   explicit CurrencyTotals(const CurrencyControls& controls) : controls_(controls) {}
@@ -28,6 +34,8 @@ class CurrencyTotals {
   /// Rebuilds the statement: for each currency basic pay, allowances, deductions and the net total of the
   /// figures as shown.
   void DisplayCurrency();
+  /// The net totals of the statement.
+  [[nodiscard]] const std::vector<NetPay>& netPay() const { return netPay_; }
 
  private:
   struct ListPart {
@@ -49,6 +57,7 @@ class CurrencyTotals {
 
   CurrencyControls controls_;
   std::vector<std::string> cur_;
+  std::vector<NetPay> netPay_;
 };
 
 }  // namespace payslate

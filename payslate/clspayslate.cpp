@@ -6,6 +6,7 @@
 
 #include "browser/FrmMaster.h"
 #include "component/BasPaySlate.h"
+#include "months/MonthRun.h"
 
 namespace payslate {
 
@@ -35,6 +36,22 @@ const std::shared_ptr<ado::Connection>& clspayslate::adocon() {
   return adocon_;
 }
 
+void clspayslate::handOver(Session& session) {
+  session.intUserID = intUserID;
+  session.intCompanyID = intCompanyID;
+  session.intInterfaceID = intInterfaceID;
+  session.MsgboxTitle = MsgboxTitle;
+  session.adocon(adocon());
+  session.ProcessDate = ProcessDate;
+  session.intfinancialid = intfinancialid;
+}
+
+MonthReport clspayslate::EnterMonth(const MonthOptions& options, const MonthProgress& progress) {
+  BasPaySlate session;  // Its own: a list may be shown meanwhile.
+  handOver(session);
+  return MonthRun(session, options).enter(progress);
+}
+
 void clspayslate::Show() {
   if (!desktop_->isOnOwnThread())
     throw std::logic_error(
@@ -43,13 +60,7 @@ void clspayslate::Show() {
   BasPaySlate& session = basPaySlate();  // Made before the form that refers to it, so that it outlives it.
   static ui::FormSlot<FrmMaster> browseForm([] { return std::make_shared<FrmMaster>(basPaySlate()); });
 
-  session.intUserID = intUserID;
-  session.intCompanyID = intCompanyID;
-  session.intInterfaceID = intInterfaceID;
-  session.MsgboxTitle = MsgboxTitle;
-  session.adocon(adocon());
-  session.ProcessDate = ProcessDate;
-  session.intfinancialid = intfinancialid;
+  handOver(session);
   session.desktop(*desktop_);
   desktop_->MessageTitle = MsgboxTitle;
   browseForm.get().Show();

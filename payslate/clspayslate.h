@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "months/MonthReport.h"
 #include "platform/ado/Connection.h"
 #include "platform/basic/Date.h"
 
@@ -37,7 +38,15 @@ class clspayslate {
   /// instance has not returned, and on another thread than the one that made the desktop.
   void Show();
 
+  /// Enters the month of ProcessDate for everybody at once, as a clerk would who chooses one employee after
+  /// the other and presses OK, without a window; what became of each comes back. MonthRefused where nobody
+  /// can be entered, ado::Error where the employees cannot be read; nothing is written then. The session
+  /// counts as for Show, but for the title.
+  MonthReport EnterMonth(const MonthOptions& options, const MonthProgress& progress = {});
+
  private:
+  void handOver(struct Session& session);
+
   ui::Desktop* desktop_;
   std::shared_ptr<ado::Connection> adocon_;
 };

@@ -54,4 +54,13 @@ std::string StoredEntryNumbers::fnGetEntryNo() {
   return prefix + std::to_string(basic::CInt(largestRunningNumber(prefix) + 1));
 }
 
+CountedEntryNumbers::CountedEntryNumbers(StoredEntryNumbers& stored)
+    : nextId_(stored.nextId()),
+      prefix_(stored.entryPrefix()),
+      largest_(stored.largestRunningNumber(prefix_)) {}
+
+std::string CountedEntryNumbers::fnGetEntryNo() {
+  return prefix_ + std::to_string(basic::CInt(++largest_));
+}
+
 }  // namespace payslate

@@ -31,12 +31,32 @@ class StoredEntryNumbers : public EntryNumbers {
   /// basic::ValueError above 32767, ado::Error for a prefix that is Null.
   std::string fnGetEntryNo() override;
 
- private:
+  /// The company's prefix for this screen; ado::Error when it is Null.
   [[nodiscard]] std::string entryPrefix();
+  /// The largest number behind the prefix; 0 when there is none.
   [[nodiscard]] double largestRunningNumber(const std::string& prefix);
 
+ private:
   Session& session_;
   common::CommonDB& database_;
 };
+
+/// Numbers for several entries of one transaction: read once, then counted.
+class CountedEntryNumbers : public EntryNumbers {
+ public:
+  /// Reads the next identifier and the next number.
+  explicit CountedEntryNumbers(StoredEntryNumbers& stored);
+
+  std::int32_t nextId() override { return nextId_++; }
+  std::string fnGetEntryNo() override;
+
+ private:
+  std::int32_t nextId_;
+  std::string prefix_;
+  double largest_;
+};
+
+/// The largest running number that an entry can have.
+constexpr int largestEntryNumber = 32767;
 
 }  // namespace payslate

@@ -27,6 +27,7 @@ class TriedNumbers : public EntryNumbers {
   std::int32_t nextId() override { return id_ = source_.nextId(); }
   std::string fnGetEntryNo() override { return number_ = source_.fnGetEntryNo(); }
 
+  [[nodiscard]] const std::string& number() const { return number_; }
   /// Are they another entry's by now? Asked when the try is rolled back.
   [[nodiscard]] bool areTaken(Session& session) const { return id_ != 0 && isTaken(session, id_, number_); }
 
@@ -54,13 +55,18 @@ std::int32_t storeJournalled(Session& session, EntryWriter& writer, const EntryR
   return entry.id;
 }
 
+/// Stores inside the caller's transaction, and journals where a journal is kept.
+std::int32_t storeHere(Session& session, common::CommonDB& database, EntryNumbers& numbers,
+                       const EntryRecord& entry, const LoadedMonth& loaded) {
+  EntryWriter writer(session, database, numbers);
+  return session.keepsJournal() ? storeJournalled(session, writer, entry, loaded) : writer.store(entry);
+}
+
 /// One try, rolled back with this function.
 std::int32_t storeOnce(Session& session, common::CommonDB& database, EntryNumbers& numbers,
                        const EntryRecord& entry, const LoadedMonth& loaded) {
   ado::Transaction transaction(*session.adocon());
-  EntryWriter writer(session, database, numbers);
-  const std::int32_t id =
-      session.keepsJournal() ? storeJournalled(session, writer, entry, loaded) : writer.store(entry);
+  const std::int32_t id = storeHere(session, database, numbers, entry, loaded);
   transaction.commit();
   return id;
 }
@@ -105,6 +111,22 @@ std::int32_t storeEntry(Session& session, common::CommonDB& database, const Entr
     }
     pause(retry);
   }
+}
+
+std::vector<StoredEntry> storeTogether(Session& session, common::CommonDB& database,
+                                       const std::vector<NewEntry>& entries) {
+  ado::Transaction transaction(*session.adocon());
+  StoredEntryNumbers next(session, database);
+  CountedEntryNumbers counted(next);
+  TriedNumbers numbers(counted);
+  std::vector<StoredEntry> stored;
+  stored.reserve(entries.size());
+  for (const NewEntry& one : entries) {
+    const std::int32_t id = storeHere(session, database, numbers, one.entry, one.loaded);
+    stored.push_back({id, numbers.number()});
+  }
+  transaction.commit();
+  return stored;
 }
 
 }  // namespace payslate

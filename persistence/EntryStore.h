@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "component/LoadedMonth.h"
 
@@ -29,5 +31,22 @@ void randomPause(int retry);
 /// connection.
 std::int32_t storeEntry(Session& session, common::CommonDB& database, const EntryRecord& entry,
                         const LoadedMonth& loaded, const RetryPause& pause = randomPause);
+
+/// A new entry that is to be stored with others.
+struct NewEntry {
+  EntryRecord entry;
+  LoadedMonth loaded;
+};
+
+struct StoredEntry {
+  std::int32_t id = 0;
+  std::string number;
+};
+
+/// Adds new entries in one transaction, their numbers and identifiers counted on from the largest ones, which
+/// are read once, before the first of them is written. An error (ado::Error, basic::ValueError) comes when
+/// the transaction is rolled back, and none of them is stored: each can still be, alone.
+std::vector<StoredEntry> storeTogether(Session& session, common::CommonDB& database,
+                                       const std::vector<NewEntry>& entries);
 
 }  // namespace payslate

@@ -25,9 +25,10 @@ facilities         : component $platform
 paycomponents      : component $platform
 entry              : component facilities paycomponents persistence review $platform
 browser            : component persistence review entry $platform
-payslate           : component persistence browser $platform platform/providers
+months             : component persistence review entry $platform
+payslate           : component persistence browser months $platform platform/providers
 desktop            : platform/basic platform/ui <Q
-host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/ <nlohmann/
+host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/ <nlohmann/ <unistd.h> <io.h>
 host/example       : payslate desktop $platform
 tools/attack       : component persistence payslate schema $platform platform/scripted platform/providers host <sqlite3.h> \
                      <poll.h> <sys/ <unistd.h>
@@ -47,7 +48,7 @@ tests/schema       : $databases schema tests/server <gtest/
 tests/host         : host schema payslate $platform platform/scripted platform/sqlite tests/ado <gtest/
 tests/desktop      : desktop platform/basic platform/ui <Q <gtest/
 tests/errands      : host desktop tests/server
-tests/component    : component persistence facilities paycomponents entry browser payslate host schema \
+tests/component    : component persistence facilities paycomponents entry browser months payslate host schema \
                      $platform platform/scripted tests/ado tests/server <gtest/
 tests/persistence  : component persistence schema $databases platform/common tests/ado tests/server <gtest/
 tests/review       : component review platform/basic <gtest/

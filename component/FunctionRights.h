@@ -1,4 +1,4 @@
-// What the user may do in the list of entries.
+// What the user may do with entries.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
 // Right letters of a user.
-#include "browser/FunctionRights.h"
+#include "component/FunctionRights.h"
 
 #include "component/Session.h"
 #include "platform/ado/Recordset.h"
