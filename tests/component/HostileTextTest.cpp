@@ -177,7 +177,7 @@ class HostileText : public testing::Test {
     EXPECT_EQ(missing(before, after), Picture());
     const std::set<std::string> ofEntries{"pempmonthlyentryheader", "pemployeeallowancedetail",
                                           "pemployeeDeductiondetail", "pEmployeeCurrentDetails",
-                                          "pempfacilitydeductiondetail"};
+                                          "pempfacilitydeductiondetail", "pEntryJournal"};
     for (const auto& [table, rows] : missing(after, before)) EXPECT_TRUE(ofEntries.contains(table)) << table;
   }
 
