@@ -5,10 +5,10 @@
 
 #include "browser/EntryGrid.h"
 #include "browser/FrmEntryJournal.h"
-#include "component/FunctionRights.h"
 #include "browser/frmCancel.h"
 #include "component/BasPaySlate.h"
 #include "component/FormHelpers.h"
+#include "component/FunctionRights.h"
 #include "entry/frmpayslate.h"
 #include "platform/ui/Buttons.h"
 #include "platform/ui/ComboBox.h"

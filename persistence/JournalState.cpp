@@ -11,7 +11,8 @@ void JournalState::apply(const JournalRow& row) {
     known_.clear();  // Its number may have been that of an entry which another program has removed.
     knowsAll_ = true;
   }
-  std::vector<std::string>& amounts = known_[{row.kind, row.item}];
+  const AmountKey key{row.kind, row.item};
+  std::vector<std::string>& amounts = known_[key];
   if (row.before) {
     const auto replaced = std::find(amounts.begin(), amounts.end(), *row.before);
     if (replaced != amounts.end()) amounts.erase(replaced);

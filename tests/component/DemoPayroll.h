@@ -36,7 +36,11 @@ struct DemoPayroll {
       words >> word >> word;
       if (word == "unique") words >> word;
       words >> index >> word >> table;
-      if (word == "on") connection->Execute("drop index " + index + " on " + table);
+      if (word != "on") continue;
+      std::string drop = "drop index ";
+      drop += index;
+      drop += " on ";
+      connection->Execute(drop += table);
     }
   }
 

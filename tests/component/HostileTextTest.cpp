@@ -175,8 +175,8 @@ class HostileText : public testing::Test {
     }
     const Picture after = pictureOf(*payroll.connection);
     EXPECT_EQ(missing(before, after), Picture());
-    const std::set<std::string> ofEntries{"pempmonthlyentryheader", "pemployeeallowancedetail",
-                                          "pemployeeDeductiondetail", "pEmployeeCurrentDetails",
+    const std::set<std::string> ofEntries{"pempmonthlyentryheader",      "pemployeeallowancedetail",
+                                          "pemployeeDeductiondetail",    "pEmployeeCurrentDetails",
                                           "pempfacilitydeductiondetail", "pEntryJournal"};
     for (const auto& [table, rows] : missing(after, before)) EXPECT_TRUE(ofEntries.contains(table)) << table;
   }
