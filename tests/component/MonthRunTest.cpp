@@ -70,12 +70,15 @@ void enterByHand(const DemoPayroll& payroll, const Company& company) {
 using Rows = std::vector<std::string>;
 
 Rows rowsOf(const DemoPayroll& payroll) {
+  // Without the time and the hash that covers it.
+  const std::string journal =
+      "ejCompanyID, ejEntryID, ejSequence, ejUserID, ejAction, ejKind, ejItem, ejBefore, ejAfter from "
+      "pEntryJournal";
+  const std::string entries[] = {"* from pempmonthlyentryheader",   "* from pemployeeallowancedetail",
+                                 "* from pemployeeDeductiondetail", "* from pempfacilitydeductiondetail",
+                                 "* from pEmployeeCurrentDetails",  journal};
   Rows lines;
-  for (const std::string table :
-       {"* from pempmonthlyentryheader", "* from pemployeeallowancedetail", "* from pemployeeDeductiondetail",
-        "* from pempfacilitydeductiondetail", "* from pEmployeeCurrentDetails",
-        "ejCompanyID, ejEntryID, ejSequence, ejUserID, ejAction, ejKind, ejItem, "
-        "ejBefore, ejAfter from pEntryJournal"}) {
+  for (const std::string& table : entries) {
     ado::Recordset rows = payroll.connection->Execute("select " + table);
     for (; !rows.Eof(); rows.MoveNext()) {
       std::string line = table.substr(table.find("from"));
