@@ -40,9 +40,9 @@ class MonthRun {
   void addMissing();
   [[nodiscard]] std::optional<std::set<std::int32_t>> inDepartments();
   void refuseWithoutNumbers();
-  void chooseEmployee(std::size_t line);
+  void chooseEmployee(std::size_t index);
   [[nodiscard]] bool isLoaded(MonthLine& line);
-  void settle(std::size_t line, OfferedMonth month);
+  void settle(std::size_t index, OfferedMonth month);
   void storeWaiting();
   void storeAlone(const Waiting& waiting);
   /// What an error means for the employee. One that lost the connection ends the run.

@@ -147,7 +147,9 @@ TEST(Answers, DoNotDependOnIndexesAndStatistics) {
     for (const Table& table : tables)
       for (const std::string& one : declarations(Language::Own)) {
         const std::string column = one.substr(0, one.find(' '));
-        pair.other->execute("create index ix" + column + " on " + table.name + " (" + column + ", id)");
+        std::string statement = "create index ix" + column;
+        statement.append(" on ").append(table.name).append(" (").append(column);
+        pair.other->execute(statement += ", id)");
       }
     pair.other.reset();
     sqlite::DatabaseFile({.path = file}).run("ANALYZE");

@@ -265,7 +265,7 @@ class Generator {
         return text;
       }
       default:
-        return pattern(name.front(), name == "Q" || name == "M" ? kind : 0);
+        return pattern(name.front(), name == "Q" || name == "M" ? kind : '\0');
     }
   }
 

@@ -437,7 +437,9 @@ TEST(Texts, AreStoredAsTheyAreOrRefused) {
   };
   const auto provider = open(":memory:");
   provider->execute("create table t (id int not null primary key, v varchar(20))");
-  for (const auto& [text, refusal] : cases) {
+  for (const auto& one : cases) {
+    const std::string& text = one.first;
+    const std::string& refusal = one.second;
     std::string literal = "'";
     for (const char c : text) literal.append(c == '\'' ? 2 : 1, c);
     const std::function<void()> ways[] = {
