@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "fuzz/Rows.h"
 #include "fuzz/Target.h"
@@ -54,7 +55,12 @@ class Files {
   [[nodiscard]] std::string current() const { return (folder_ / "current.db").string(); }
   void putBack() const {
     for (const char* const behind : {"-wal", "-shm"}) std::filesystem::remove(current() + behind);
-    std::filesystem::copy_file(original(), current(), std::filesystem::copy_options::overwrite_existing);
+    std::error_code failed;  // The fuzzer's clock may interrupt it.
+    do {
+      std::filesystem::copy_file(original(), current(), std::filesystem::copy_options::overwrite_existing,
+                                 failed);
+    } while (failed == std::errc::interrupted);
+    if (failed) throw std::system_error(failed, "The database cannot be put back");
   }
 
  private:
