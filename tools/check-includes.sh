@@ -41,7 +41,7 @@ tests/ado          : $databases tests/server <gtest/ <sqlite3.h>
 tests/tsql         : $databases platform/tsql platform/sqlite tests/server <gtest/
 tests/sqlite       : $databases platform/tsql platform/sqlite <gtest/
 tests/odbc         : $databases platform/odbc <gtest/
-tests/differential : platform/basic platform/ado platform/sqlite platform/odbc <gtest/
+tests/differential : platform/basic platform/ado platform/sqlite platform/odbc tests/ado <gtest/
 tests/ui           : platform/basic platform/ui <gtest/
 tests/scripted     : platform/basic platform/ui platform/scripted <gtest/
 tests/schema       : $databases schema tests/server <gtest/

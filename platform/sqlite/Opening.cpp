@@ -34,6 +34,8 @@ Handle opened(const FileWish& wish, const std::string& name, int flags) {
   // A quoted name that does not exist is an error, and never a text.
   sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  // A plan is the same whatever values are bound: none is made anew because a value changed.
+  sqlite3_db_config(raw, SQLITE_DBCONFIG_ENABLE_QPSG, 1, nullptr);
   sqlite3_limit(raw, SQLITE_LIMIT_LENGTH, mostBytesOfText);
   neverFilterByHash(raw);
   return handle;

@@ -237,6 +237,9 @@ void StoredCatalog::loadObjects(DatabaseFile& file) {
 void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change) {
   recordObject(file, change);
   file.run("PRAGMA user_version = " + std::to_string(version(file) + 1));
+  // Views and procedures are rows to the database; the statements of other connections are to notice them
+  // too.
+  file.run("PRAGMA schema_version = " + std::to_string(file.number("PRAGMA schema_version") + 1));
   markFormat(file);
   sealCatalog(file);
 }

@@ -52,6 +52,9 @@ struct Expr {
   std::vector<ExprPtr> args;
   std::unique_ptr<Query> query;
   Cell literal;
+  /// Of a literal whose value may be another when the translation is used again: who looks at the value, for
+  /// more than its type, settles it first.
+  mutable std::optional<std::size_t> slot;
   Type type;
   bool negated = false;
   bool distinct = false;    ///< aggregate(distinct …)
@@ -66,7 +69,11 @@ struct Expr {
   int expansion = 1;          ///< Operations that a derived column stands for.
   bool aggregate = false;     ///< This call folds rows.
 
-  [[nodiscard]] bool isLiteral() const { return kind == ExprKind::Literal; }
+  /// A literal whose value is settled.
+  [[nodiscard]] bool isLiteral() const { return kind == ExprKind::Literal && !slot; }
+  [[nodiscard]] bool isBound() const { return kind == ExprKind::Literal && slot; }
+  /// From now on the value belongs to the statement.
+  void settle() const { slot.reset(); }
 };
 
 struct SelectItem {

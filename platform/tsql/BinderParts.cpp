@@ -112,6 +112,8 @@ bool isConstant(const Expr& expr) {
 bool sameExpression(const Expr& left, const Expr& right) {
   if (left.kind != right.kind || left.query || right.query || left.args.size() != right.args.size())
     return false;
+  left.settle();
+  right.settle();
   if (!sameWord(left.name, right.name) || left.source != right.source || left.literal != right.literal ||
       left.negated != right.negated || left.distinct != right.distinct ||
       left.hasOperand != right.hasOperand || left.hasElse != right.hasElse) {

@@ -176,6 +176,7 @@ void Binder::bindOrder(Query& query, Scope& scope) {
   const bool bound = query.cores.size() > 1 || core.distinct;
   for (OrderItem& item : query.order) {
     Expr& expr = *item.expr;
+    expr.settle();
     if (constantPosition(expr)) {
       const std::int64_t position = std::get<std::int64_t>(expr.literal);
       if (position < 1 || position > static_cast<std::int64_t>(query.columns.size())) {

@@ -44,6 +44,7 @@ void Binder::assign(ExprPtr& value, const TableInfo& table, const ColumnInfo& co
     value->type = to;
     return;
   }
+  value->settle();
   if (value->isLiteral()) {
     value = makeLiteral(assignCell(value->literal, from, to, name), to, at);
     return;

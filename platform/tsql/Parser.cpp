@@ -9,7 +9,8 @@ namespace {
 
 class StatementParser {
  public:
-  explicit StatementParser(std::string_view text) : tokens_(tokenize(text)), query_(tokens_) {}
+  StatementParser(std::string_view text, Literals literals)
+      : tokens_(tokenize(text)), query_(tokens_, readsOrWrites() ? literals : Literals::Settled) {}
 
   Statement run() {
     if (tokens_.peek().kind == TokenKind::End) throw SqlError(state::syntax, "The statement is empty.");
@@ -24,6 +25,12 @@ class StatementParser {
   }
 
  private:
+  // Whatever else there is looks at its literals at once.
+  [[nodiscard]] bool readsOrWrites() const {
+    return tokens_.isWord("select") || tokens_.isWord("insert") || tokens_.isWord("update") ||
+           tokens_.isWord("delete");
+  }
+
   Statement statement() {
     if (tokens_.isWord("select")) return query_.query();
     if (tokens_.isWord("insert")) return insert();
@@ -339,13 +346,13 @@ class StatementParser {
 
 }  // namespace
 
-Statement parseStatement(std::string_view text) {
-  return StatementParser(text).run();
+Statement parseStatement(std::string_view text, Literals literals) {
+  return StatementParser(text, literals).run();
 }
 
 Type parseType(std::string_view text) {
   TokenStream tokens(tokenize(text));
-  return QueryParser(tokens).type();
+  return QueryParser(tokens, Literals::Settled).type();
 }
 
 }  // namespace payslate::tsql

@@ -106,6 +106,40 @@ TEST_F(Files, TwoConnectionsSeeOneCatalog) {
   EXPECT_EQ(stateOf([&] { two->execute("p 1"); }).substr(0, 5), "42000");
 }
 
+// What was translated and prepared before serves again, by the catalog as it is then.
+TEST_F(Files, WhatOthersChangeIsNoticedByStatementsThatAreKept) {
+  const auto one = open(path() + ";Create=True");
+  const auto two = open(path());
+  one->execute("create table t (a int not null primary key, b varchar(5))");
+  one->execute("create view v as select a from t");
+  const auto use = [&](const std::string& value) {
+    two->insert("t", {{"a", std::int64_t{7}}, {"b", value}});
+    two->update("t", {{"a", std::int64_t{7}}}, {{"b", value}});
+    const std::string read = first(*two, "select max(b) from t where a = 7") + first(*two, "select a from v");
+    two->execute("update t set b = b + '!' where a = 7");
+    two->execute("delete from t where a = 7");
+    return read;
+  };
+  EXPECT_EQ(use("four"), "four7");
+  EXPECT_EQ(stateOf([&] { use("too long"); }).substr(0, 5), "22001");
+  const auto waiting = two->execute("select b from t");
+  const auto outdated = two->execute("select * from t");
+  one->execute("drop view v");
+  one->execute("drop table t");
+  one->execute("create table t (b varchar(20), a int not null primary key, c int)");
+  one->execute("create view v as select a + 1 a from t");
+  one->execute("insert into t values ('x', 1, 2)");
+  ASSERT_TRUE(waiting->next());
+  EXPECT_EQ(basic::textOf(waiting->value(0)), "x");
+  EXPECT_FALSE(waiting->next());  // Until then this connection looks at the past.
+  EXPECT_EQ(stateOf([&] { outdated->next(); }).substr(0, 5), "40001");
+  EXPECT_EQ(use("now longer"), "now longer2");
+  one->execute("drop view v");
+  EXPECT_EQ(stateOf([&] { first(*two, "select a from v"); }).substr(0, 5), "42S02");
+  one->execute("create view v as select 9 a");
+  EXPECT_EQ(first(*two, "select a from v"), "9");
+}
+
 TEST_F(Files, ADamagedCatalogIsTold) {
   const std::pair<const char*, const char*> damages[] = {
       {"UPDATE catalog_columns SET type = 'zork' WHERE name = 'a'", "its catalog at 't'"},
