@@ -3,6 +3,7 @@
 
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Parser.h"
+#include "platform/tsql/Ranges.h"
 #include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
@@ -66,6 +67,7 @@ void Binder::bindCore(SelectCore& core, Scope& scope) {
   if (core.where) {
     scope.place = "a 'where' condition";
     bindCondition(core.where, scope);
+    addRanges(core.where);
   }
   bindGrouping(core, scope);
   scope.aggregates = Aggregates::Allowed;
@@ -254,6 +256,7 @@ void Binder::bindJoin(TableRef& ref, Scope& scope) {
   sides.place = "a join's condition";
   sides.sources.assign(scope.sources.begin() + static_cast<std::ptrdiff_t>(first), scope.sources.end());
   bindCondition(ref.on, sides);
+  if (ref.join == JoinKind::Inner) addRanges(ref.on);
 }
 
 void Binder::bindTable(TableRef& ref, Scope& scope) {

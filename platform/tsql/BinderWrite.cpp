@@ -3,6 +3,7 @@
 
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Convert.h"
+#include "platform/tsql/Ranges.h"
 #include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
@@ -118,14 +119,18 @@ void Binder::bind(Update& update) {
     bindValue(value, scope);
     assign(value, table, column);
   }
-  if (update.where) bindCondition(update.where, scope);
+  if (!update.where) return;
+  bindCondition(update.where, scope);
+  addRanges(update.where);
 }
 
 void Binder::bind(Delete& deletion) {
   const TableInfo& table = requireTable(deletion.table, deletion.at);
   deletion.table = table.name;
   Scope scope = rowScope(table);
-  if (deletion.where) bindCondition(deletion.where, scope);
+  if (!deletion.where) return;
+  bindCondition(deletion.where, scope);
+  addRanges(deletion.where);
 }
 
 void Binder::bindRowCondition(ExprPtr& condition, const TableInfo& table) {

@@ -16,8 +16,6 @@ namespace {
 namespace chr = std::chrono;
 
 constexpr chr::sys_days zeroDay{chr::year{1900} / 1 / 1};
-constexpr int earliestYear = 1753;
-constexpr int latestYear = 9999;
 constexpr std::int64_t msPerSecond = 1000;
 constexpr std::int64_t msPerMinute = 60 * msPerSecond;
 constexpr std::int64_t msPerHour = 60 * msPerMinute;

@@ -10,6 +10,8 @@
 namespace payslate::tsql {
 
 inline constexpr std::int64_t millisecondsPerDay = 86'400'000;
+inline constexpr int earliestYear = 1753;
+inline constexpr int latestYear = 9999;
 
 struct CivilTime {
   int year = 1900;

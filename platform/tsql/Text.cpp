@@ -22,6 +22,29 @@ char32_t weight(char32_t c) {
   return c;
 }
 
+constexpr char32_t lastCharacter = 0x10FFFF;
+
+/// Does a text with it at the end compare by it? Upper-case letters do by another one's weight.
+bool countsAsItself(char32_t c) {
+  return c != ' ' && lowerCharacter(c) == c && (c < 0xD800U || c > 0xDFFFU);
+}
+
+/// Of the characters with a larger weight the one with the least; 0 for none.
+char32_t successor(char32_t c) {
+  constexpr char32_t firstByWeight = 0x80;  // From here on characters are in the order of their weights.
+  c = lowerCharacter(c);
+  if (c >= firstByWeight) {
+    do ++c;
+    while (c <= lastCharacter && !countsAsItself(c));
+    return c <= lastCharacter ? c : 0;
+  }
+  char32_t next = firstByWeight;
+  for (char32_t other = 1; other < firstByWeight; ++other) {
+    if (countsAsItself(other) && weight(other) > weight(c) && weight(other) < weight(next)) next = other;
+  }
+  return next;
+}
+
 /// One "[…]" of a pattern: where it ends, and whether it takes `c`.
 struct SetMatch {
   std::size_t end;
@@ -137,6 +160,18 @@ int compareText(std::string_view left, std::string_view right) {
     right.remove_prefix(b.bytes);
   }
   return static_cast<int>(!left.empty()) - static_cast<int>(!right.empty());
+}
+
+std::optional<std::string> firstBehind(std::string_view prefix) {
+  std::u32string text = characters(prefix);
+  while (!text.empty()) {
+    if (const char32_t next = successor(text.back()); next != 0) {
+      text.back() = next;
+      return basic::encoded(text);
+    }
+    text.pop_back();
+  }
+  return std::nullopt;
 }
 
 bool matchesLike(std::string_view text, std::string_view pattern, char32_t escape) {

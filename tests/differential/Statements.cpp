@@ -108,8 +108,9 @@ constexpr Alternatives branches[] = {
      "{?} {o} {?}|{i} {o} {d}|{f} {o} {i}|({b} and {b})|({b} or {b})|not ({b})|{?} between {?} and {?}|"
      "{?} not between {?} and {L}|{?} in ({L}, {?}, null)|{?} not in ({L}, {?})|{?} in ({Q})|"
      "{?} not in ({Q})|exists (select 1 from {F}{w})|not exists (select * from {F} where {b})|"
-     "{?} {o} ({M})|{t} like 'h%'|{t} not like '_a%'"},
-    {'b', Language::Own, "{t} like '[g-i]%'|{t} not like {t}"},
+     "{?} {o} ({M})|{t} like 'h%'|{t} not like '_a%'|(year({cm1}) = 2006 and month({cm1}) = 4)"},
+    {'b', Language::Own,
+     "{t} like '[g-i]%'|{t} not like {t}|left({ct}, {N}) = {Lt}|{Lt} = substring({ct}, 1, {N})"},
     {'i', Language::Shared,
      "({i} + {i})|({i} - {i})|(-{i})|({i} * {N})|({i} / {N})|({i} % {N})|abs({i})|"
      "case when {b} then {i} else {i} end|case {i} when {L} then {i} when {i} then {i} end|"
