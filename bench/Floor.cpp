@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -11,7 +12,9 @@
 #include "platform/sqlite/Opening.h"
 #include "platform/sqlite/StoredCatalog.h"
 #include "platform/sqlite/Values.h"
+#include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
+#include "platform/tsql/Shape.h"
 #include "platform/tsql/Translator.h"
 
 namespace payslate::bench {
@@ -36,7 +39,8 @@ struct Floor::Step {
   std::vector<tsql::Cell> values;
   bool isCommit = false;
   bool returnsRows = false;
-  std::size_t steps = 0;  // Where it returns rows.
+  std::size_t rows = 0;  // Where it returns rows: how many are fetched, and whether one more is asked for.
+  bool readToEnd = false;
 };
 
 namespace {
@@ -108,6 +112,18 @@ std::string insertOf(const std::string& table, const StoredRow& row) {
   return "INSERT INTO " + table + " (" + names + ") VALUES (" + places + ")";
 }
 
+/// What is bound to ?1, ?2, …: a procedure's parameters, or the text's literals that are not in the
+/// statement.
+std::vector<tsql::Cell> valuesOf(const tsql::Translation& translation,
+                                 const std::vector<tsql::Literal>& literals) {
+  std::vector<tsql::Cell> values = translation.bindings;
+  values.resize(std::max(values.size(), literals.size()));
+  for (const std::size_t slot : translation.slots) values[slot] = literals.at(slot).value;
+  for (const tsql::AssignedLiteral& to : translation.assigned)
+    values[to.slot] = tsql::assignCell(literals.at(to.slot).value, literals[to.slot].type, to.type, to.name);
+  return values;
+}
+
 }  // namespace
 
 Floor::Floor(const std::string& path) : database_(std::make_unique<Database>(path)) {}
@@ -129,11 +145,14 @@ Floor::Step Floor::prepared(const Operation& operation) {
   using Kind = Operation::Kind;
   Step step;
   if (operation.kind == Kind::Text) {
-    tsql::Translation translation = database_->translator.translate(operation.text);
+    const std::vector<tsql::Literal> literals = tsql::shapeOf(operation.text).literals;
+    const tsql::Translation translation = database_->translator.translate(
+        operation.text, literals.empty() ? tsql::Literals::Settled : tsql::Literals::Bound);
     step.statement = statement(translation.sql.at(0));
-    step.values = std::move(translation.bindings);
+    step.values = valuesOf(translation, literals);
     step.returnsRows = translation.returnsRows;
-    step.steps = operation.rows + (operation.readToEnd ? 1 : 0);
+    step.rows = operation.rows;
+    step.readToEnd = operation.readToEnd;
   } else if (operation.kind == Kind::Insert || operation.kind == Kind::Update) {
     const tsql::TableInfo* table = database_->catalog.table(operation.text);
     if (table == nullptr) throw std::runtime_error("There is no table " + operation.text);
@@ -158,14 +177,21 @@ Floor::Step Floor::prepared(const Operation& operation) {
 
 void Floor::perform(const Step& step) {
   bind(step.statement, step.values);
+  const std::size_t steps = step.rows + (step.readToEnd ? 1 : 0);
+  std::size_t rows = 0;
   int code = SQLITE_ROW;
-  for (std::size_t i = 0; code == SQLITE_ROW && (!step.returnsRows || i < step.steps); ++i) {
+  for (std::size_t i = 0; code == SQLITE_ROW && (!step.returnsRows || i < steps); ++i) {
     code = sqlite3_step(step.statement);
-    if (code == SQLITE_ROW) readColumns(step.statement);
+    if (code != SQLITE_ROW) break;
+    ++rows;
+    readColumns(step.statement);
   }
   sqlite3_reset(step.statement);
   if (code != SQLITE_ROW && code != SQLITE_DONE)
     throw std::runtime_error(std::string(sqlite3_errmsg(database_->handle())) + " in " +
+                             sqlite3_sql(step.statement));
+  if (step.returnsRows && (rows != step.rows || (step.readToEnd && code != SQLITE_DONE)))
+    throw std::runtime_error(std::string("Other rows than the component had from ") +
                              sqlite3_sql(step.statement));
 }
 

@@ -13,6 +13,7 @@
 #include "platform/sqlite/Functions.h"
 #include "platform/sqlite/Opening.h"
 #include "schema/schema.h"
+#include "schema/upgrade.h"
 
 namespace payslate::bench {
 
@@ -48,6 +49,14 @@ void fill(const std::string& path, const PayrollSize& size) {
   for (const char* statement : {"COMMIT", "PRAGMA journal_mode = WAL"}) run(handle, statement, size);
 }
 
+/// Is it there, with the tables that this program makes?
+bool isPresent(const std::string& path) {
+  if (!std::filesystem::exists(path)) return false;
+  ado::Connection connection;
+  connection.Open(path);
+  return schema::version(connection) == schema::presentVersion();
+}
+
 }  // namespace
 
 basic::Date processDate() {
@@ -70,7 +79,7 @@ bool hasFullPrefix(const PayrollSize& size) {
 }
 
 void makePayroll(const std::string& path, const PayrollSize& size) {
-  if (std::filesystem::exists(path)) return;
+  if (isPresent(path)) return;
   const std::string unfinished = path + ".part";
   std::filesystem::remove(unfinished);
   {

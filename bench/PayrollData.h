@@ -34,7 +34,8 @@ std::int32_t lastEntry(const PayrollSize& size, std::size_t position);
 /// Has the company 32,000 numbers under the full prefix?
 bool hasFullPrefix(const PayrollSize& size);
 
-/// Makes the database, always with the same rows, where there is none; ado::Error when it cannot.
+/// Makes the database, always with the same rows, where there is none, or one of another version of the
+/// schema. ado::Error when it cannot.
 void makePayroll(const std::string& path, const PayrollSize& size);
 
 }  // namespace payslate::bench

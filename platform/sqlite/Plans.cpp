@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/sqlite/Values.h"
+#include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
 
 namespace payslate::sqlite {
@@ -16,8 +17,20 @@ constexpr std::size_t mostPlans = 2000;
 }  // namespace
 
 void PlannedStatement::bind(Statement& statement) const {
-  statement.bind(plan->translation.bindings);
-  for (const std::size_t slot : plan->translation.slots) statement.bind(slot + 1, literals[slot].value);
+  const tsql::Translation& translation = plan->translation;
+  statement.bind(translation.bindings);
+  if (translation.assigned.empty()) {
+    for (const std::size_t slot : translation.slots) statement.bind(slot + 1, literals[slot].value);
+    return;
+  }
+  try {
+    for (const tsql::AssignedLiteral& to : translation.assigned) {
+      const tsql::Literal& literal = literals[to.slot];
+      statement.bind(to.slot + 1, tsql::assignCell(literal.value, literal.type, to.type, to.name));
+    }
+  } catch (const tsql::SqlError& error) {
+    throw toAdoError(error);
+  }
 }
 
 PlannedStatement Plans::find(std::string_view statement) {
@@ -57,13 +70,13 @@ void Plans::clear() {
   plans_ = 0;
 }
 
-// The types are in the shape's key.
+// The types of an insert's literals are not in the shape's key.
 std::string Plans::valuesOf(const std::vector<std::size_t>& slots,
                             const std::vector<tsql::Literal>& literals) {
   std::string values;
   for (const std::size_t slot : slots) {
     const std::string text = tsql::writtenLiteral(literals[slot].value);
-    values += std::to_string(text.size()) + ' ' + text;
+    values += std::to_string(literals[slot].type.packed()) + ' ' + std::to_string(text.size()) + ' ' + text;
   }
   return values;
 }

@@ -134,6 +134,13 @@ struct Query {
   bool single = false;  ///< The query has at most one row, whatever the data; filled by the binder.
 };
 
+/// A bound literal that goes into a column.
+struct AssignedLiteral {
+  std::size_t slot = 0;
+  Type type;
+  std::string name;  ///< Of the column, for messages.
+};
+
 struct Insert {
   Position at;
   std::string table;
@@ -141,6 +148,7 @@ struct Insert {
   std::vector<Position> columnsAt;
   std::vector<std::vector<ExprPtr>> rows;
   std::unique_ptr<Query> query;
+  std::vector<AssignedLiteral> assigned;  ///< Filled by the binder.
 };
 
 struct Update {

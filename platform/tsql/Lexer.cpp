@@ -5,7 +5,7 @@ namespace payslate::tsql {
 
 namespace {
 
-constexpr std::size_t mostSlots = 500;  // A database has only so many parameters.
+constexpr std::size_t mostSlots = 5000;  // A database has only so many parameters.
 
 // Without the quotes around, and with one instead of two inside.
 std::string unquoted(std::string_view written) {

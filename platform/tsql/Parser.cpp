@@ -10,7 +10,9 @@ namespace {
 class StatementParser {
  public:
   StatementParser(std::string_view text, Literals literals)
-      : tokens_(tokenize(text)), query_(tokens_, readsOrWrites() ? literals : Literals::Settled) {}
+      : tokens_(tokenize(text)),
+        literals_(literals),
+        query_(tokens_, usesValues() ? literals : Literals::Settled) {}
 
   Statement run() {
     if (tokens_.peek().kind == TokenKind::End) throw SqlError(state::syntax, "The statement is empty.");
@@ -26,9 +28,8 @@ class StatementParser {
 
  private:
   // Whatever else there is looks at its literals at once.
-  [[nodiscard]] bool readsOrWrites() const {
-    return tokens_.isWord("select") || tokens_.isWord("insert") || tokens_.isWord("update") ||
-           tokens_.isWord("delete");
+  [[nodiscard]] bool usesValues() const {
+    return tokens_.isWord("select") || tokens_.isWord("update") || tokens_.isWord("delete");
   }
 
   Statement statement() {
@@ -84,7 +85,12 @@ class StatementParser {
       tokens_.expectSign("(");
       do {
         if (tokens_.isWord("default")) tokens_.unsupported("'default' as a value");
+        // A literal alone is stored as it is; what counts is the column's type.
+        const bool alone = tokens_.isSign(",", 1) || tokens_.isSign(")", 1);
+        const std::optional<std::size_t> slot =
+            alone && literals_ == Literals::Bound ? tokens_.peek().slot : std::nullopt;
         row.push_back(query_.expression());
+        row.back()->slot = slot;
       } while (tokens_.acceptSign(","));
       tokens_.expectSign(")");
       result.rows.push_back(std::move(row));
@@ -356,6 +362,7 @@ class StatementParser {
   }
 
   TokenStream tokens_;
+  Literals literals_;
   QueryParser query_;
 };
 

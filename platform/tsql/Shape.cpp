@@ -9,6 +9,7 @@
 #include "platform/basic/Decimal.h"
 #include "platform/basic/Error.h"
 #include "platform/tsql/Lexer.h"
+#include "platform/tsql/TokenStream.h"
 
 namespace payslate::tsql {
 
@@ -50,6 +51,7 @@ Literal literalOf(TokenKind kind, std::string_view text, Position at) {
   return exactOf(text, at);
 }
 
+// What is stored takes its type from the column.
 Shape shapeOf(std::string_view statement) {
   constexpr char mark = '\0';
   const Shape unsplit{std::string(statement), {}};
@@ -59,14 +61,16 @@ Shape shapeOf(std::string_view statement) {
   std::size_t copied = 0;
   Scanner scanner(statement);
   Slots slots;
+  std::optional<bool> typed;
   try {
     for (Span span = scanner.next(); span.kind != TokenKind::End; span = scanner.next()) {
       const std::string_view written = statement.substr(span.begin, span.end - span.begin);
+      if (!typed) typed = !sameWord(written, "insert");
       if (!slots.next(span.kind, written)) continue;
       shape.literals.push_back(literalOf(span.kind, tokenText(span.kind, written), {}));
       shape.key.append(statement, copied, span.begin - copied);
       shape.key += mark;
-      shape.key += std::to_string(shape.literals.back().type.packed());
+      if (*typed) shape.key += std::to_string(shape.literals.back().type.packed());
       shape.key += mark;
       copied = span.end;
     }

@@ -20,7 +20,7 @@ struct Literal {
 Literal literalOf(TokenKind kind, std::string_view text, Position at);
 
 struct Shape {
-  std::string key;                ///< The text, with the types of the literals in their places.
+  std::string key;  ///< The text, with the types of the literals in their places; in an insert without.
   std::vector<Literal> literals;  ///< By slot.
 };
 

@@ -58,7 +58,9 @@ Translation Translator::translate(std::string_view text, Literals literals) {
                         [&](Query& query) { return this->query(query); },
                         [&](Insert& insert) {
                           binder.bind(insert);
-                          return translationOf(writtenInsert(insert));
+                          Translation result = translationOf(writtenInsert(insert));
+                          result.assigned = std::move(insert.assigned);
+                          return result;
                         },
                         [&](Update& update) {
                           binder.bind(update);

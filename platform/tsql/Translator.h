@@ -37,6 +37,8 @@ struct Translation {
   /// Slots of the text's literals whose values are not in `sql`: the value of slot 0 is to be bound to ?1.
   /// All the others have been looked at.
   std::set<std::size_t> slots;
+  /// Of an insert: the columns that each of these goes into.
+  std::vector<AssignedLiteral> assigned;
   std::optional<std::string> baseTable;  ///< The table of "select * from TABLE [where …]".
   std::optional<SchemaChange> change;
 };
