@@ -10,6 +10,7 @@
 #include "platform/sqlite/CatalogSeal.h"
 #include "platform/sqlite/DatabaseFile.h"
 #include "platform/sqlite/Plans.h"
+#include "platform/sqlite/Rebuilding.h"
 #include "platform/sqlite/RowCursor.h"
 #include "platform/sqlite/StoredCatalog.h"
 #include "platform/sqlite/Values.h"
@@ -289,6 +290,8 @@ class SqliteProvider : public ado::Provider, public QueryPreparer {
     file_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
     try {
       for (const std::string& sql : translation.sql) file_.run(sql);
+      if (translation.change->action == tsql::SchemaChange::Action::Rekey)
+        rebuildWithKey(file_, translation.change->table);
       StoredCatalog::record(file_, *translation.change);
       file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     } catch (const ado::Error&) {

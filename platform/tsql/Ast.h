@@ -192,6 +192,18 @@ struct AddColumn {
   ColumnDefinition column;
 };
 
+struct AddKey {
+  Position at;
+  std::string table;
+  std::vector<std::string> columns;
+};
+
+struct DropConstraint {
+  Position at;
+  std::string table;
+  std::string name;
+};
+
 struct CreateIndex {
   Position at;
   bool unique = false;
@@ -236,7 +248,7 @@ struct Call {
   std::vector<std::pair<std::string, ExprPtr>> arguments;  ///< Parameter name (or empty) and a literal.
 };
 
-using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, AddColumn, CreateIndex, CreateView,
-                               CreateProcedure, Drop, Call>;
+using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, AddColumn, AddKey, DropConstraint,
+                               CreateIndex, CreateView, CreateProcedure, Drop, Call>;
 
 }  // namespace payslate::tsql

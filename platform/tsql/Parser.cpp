@@ -174,17 +174,23 @@ class StatementParser {
     }
     if (tokens_.isWord("clustered") || tokens_.isWord("nonclustered")) tokens_.take();
     if (column.empty()) {
-      tokens_.expectSign("(");
-      do {
-        key.columns.push_back(tokens_.expectName("a column"));
-        if (!tokens_.acceptWord("asc") && tokens_.isWord("desc")) tokens_.unsupported("A descending key");
-      } while (tokens_.acceptSign(","));
-      tokens_.expectSign(")");
+      key.columns = keyColumns();
     } else {
       key.columns.push_back(column);
     }
     table.keys.push_back(std::move(key));
     return true;
+  }
+
+  std::vector<std::string> keyColumns() {
+    std::vector<std::string> columns;
+    tokens_.expectSign("(");
+    do {
+      columns.push_back(tokens_.expectName("a column"));
+      if (!tokens_.acceptWord("asc") && tokens_.isWord("desc")) tokens_.unsupported("A descending key");
+    } while (tokens_.acceptSign(","));
+    tokens_.expectSign(")");
+    return columns;
   }
 
   void checkConstraint(CreateTable& table) {
@@ -288,17 +294,26 @@ class StatementParser {
     return result;
   }
 
-  AddColumn alter() {
-    AddColumn result;
-    result.at = tokens_.take().at;
+  Statement alter() {
+    const Position at = tokens_.take().at;
     if (!tokens_.acceptWord("table")) tokens_.unsupported("'alter " + tokens_.peek().text + "'");
-    result.table = tokens_.expectObjectName("a table");
-    if (!tokens_.acceptWord("add")) tokens_.unsupported("'alter table … " + tokens_.peek().text + "'");
-    if (tokens_.isWord("constraint") || tokens_.isWord("primary") || tokens_.isWord("unique") ||
-        tokens_.isWord("check") || tokens_.isWord("foreign")) {
-      tokens_.unsupported("Adding a constraint");
+    std::string table = tokens_.expectObjectName("a table");
+    if (tokens_.acceptWord("drop")) {
+      if (!tokens_.acceptWord("constraint"))
+        tokens_.unsupported("'alter table … drop " + tokens_.peek().text + "'");
+      return DropConstraint{at, std::move(table), tokens_.expectName("a constraint name")};
     }
-    result.column = columnDefinition(nullptr);
+    if (!tokens_.acceptWord("add")) tokens_.unsupported("'alter table … " + tokens_.peek().text + "'");
+    if (tokens_.acceptWord("primary")) {
+      tokens_.expectWord("key");
+      if (tokens_.isWord("clustered") || tokens_.isWord("nonclustered")) tokens_.take();
+      return AddKey{at, std::move(table), keyColumns()};
+    }
+    if (tokens_.isWord("constraint") || tokens_.isWord("unique") || tokens_.isWord("check") ||
+        tokens_.isWord("foreign")) {
+      tokens_.unsupported("Adding a constraint other than 'primary key (…)'");
+    }
+    AddColumn result{at, std::move(table), columnDefinition(nullptr)};
     if (tokens_.isSign(",")) tokens_.unsupported("Adding several columns in one statement");
     return result;
   }

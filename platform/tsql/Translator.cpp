@@ -75,6 +75,8 @@ Translation Translator::translate(std::string_view text, Literals literals) {
                           return translateTable(table, catalog_);
                         },
                         [&](AddColumn& addition) { return translateColumn(addition, catalog_); },
+                        [&](AddKey& key) { return translateKey(key, catalog_); },
+                        [&](DropConstraint& drop) { return translateConstraint(drop, catalog_); },
                         [&](CreateIndex& index) { return translateIndex(index, catalog_); },
                         [&](CreateView& view) { return create(view, text); },
                         [&](CreateProcedure& procedure) { return create(procedure, text); },

@@ -17,10 +17,15 @@ namespace payslate::tsql {
 
 /// What a statement does to the catalog.
 struct SchemaChange {
-  enum class Action { Add, Extend, Drop } action = Action::Add;
+  enum class Action {
+    Add,
+    Extend,
+    Rekey,  ///< The table's primary key is another, or gone; `sql` leaves it to the database to make it so.
+    Drop,
+  } action = Action::Add;
   ObjectKind kind = ObjectKind::Table;
   std::string name;
-  TableInfo table;   ///< Of a table that is added or extended.
+  TableInfo table;   ///< As it is to be, unless it is dropped.
   std::string text;  ///< Of a view or procedure that is added.
 };
 

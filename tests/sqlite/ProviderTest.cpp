@@ -439,6 +439,87 @@ TEST(Provider, TablesGuardTheirColumns) {
   EXPECT_EQ(first(*provider, "select sum(a * d + c) from t"), "88.6");
 }
 
+// Definitions and rows, before and behind; words of definitions stand in names, defaults and checks too.
+TEST_F(Files, AKeyIsChangedAroundEverythingElse) {
+  const auto provider = open(path() + ";Create=True");
+  for (
+      const char* statement :
+      {"create table [k')] (a int not null, b varchar(40) not null default ', PRIMARY KEY (\"b\"))', c decimal(9,2),"
+       " \", CHECK (\" datetime, primary key (a, b), unique (c), check (b <> ', CHECK (' and a > 0))",
+       "alter table [k')] add e float default 2.5", "create index i on [k')] (c desc, a)",
+       "create unique index u on [k')] (e) where a > 6", "create view v as select a, c from [k')]",
+       "insert into [k')] (a, c) values (7, '12.30'), (2, null), (1, 4)"})
+    provider->execute(statement);
+  const auto contents = [this] {
+    sqlite::DatabaseFile file({.path = path()});
+    std::string all;
+    for (
+        const char* query :
+        {"SELECT sql FROM sqlite_schema WHERE sql NOT NULL AND name NOT LIKE 'catalog%' ORDER BY name",
+         "SELECT quote(a) || quote(b) || quote(c) || quote(e) FROM \"k')\" ORDER BY a",
+         "SELECT object || ordinal || name || type || not_null || key_position FROM catalog_columns ORDER BY 1",
+         "SELECT key || kind || name FROM catalog_objects ORDER BY 1"})
+      for (const auto rows = file.prepare(query); rows->step();)
+        all += std::get<std::string>(rows->column(0)) + '\n';
+    return all;
+  };
+  const std::string before = contents();
+  const std::string table = "alter table dbo.[k')] ";
+  const struct {
+    std::string change;
+    const char* said;  // or begins with
+    std::vector<std::string> key;
+  } steps[] = {
+      {"drop constraint pk_zork",
+       "42000 Line 1, column 1: The table 'k')' has no primary key 'pk_zork'",
+       {"a", "b"}},
+      {"drop constraint unique1", "42000", {"a", "b"}},
+      {"drop column c", "42000", {"a", "b"}},
+      {"add constraint x primary key (a)", "42000", {"a", "b"}},
+      {"add primary key (b)",
+       "42000 Line 1, column 1: The table 'k')' has a primary key already",
+       {"a", "b"}},
+      {"drop constraint [pk_k')]", "no error", {}},
+      {"drop constraint [PK_k')]", "42000", {}},
+      {"add primary key (b)", "23000 There is a row with the same values already (k').b)", {}},
+      {"add primary key (c)", "42000 Line 1, column 1: The column 'c' allows Null", {}},
+      {"add primary key (a, A)", "42000 Line 1, column 1: The key names the column 'a' twice", {}},
+      {"add primary key (z)", "42S22", {}},
+      {"add primary key clustered (B, a)", "no error", {"b", "a"}},
+      {"drop constraint [PK_k')]", "no error", {}},
+      {"add primary key (a, b)", "no error", {"a", "b"}},
+  };
+  for (const bool inside : {false, true}) {
+    for (const auto& step : steps) {
+      if (inside) provider->begin();
+      const std::string was = contents();
+      const std::string said = stateOf([&] { provider->execute(table + step.change); });
+      EXPECT_EQ(said.substr(0, std::string(step.said).size()), step.said) << step.change;
+      EXPECT_EQ(provider->key("k')"), step.key) << step.change;
+      EXPECT_EQ(first(*provider, "select count(*) from sys.key_constraints where type = 'PK'"),
+                step.key.empty() ? "0" : "1");
+      EXPECT_EQ(first(*provider, "select sum(c) from v"), "16.3");
+      if (inside) provider->commit();
+      if (said != "no error") {
+        EXPECT_EQ(contents(), was) << step.change;
+      }
+      EXPECT_EQ(first(*open(path()), "select max(e) from [k')]"), "2.5");
+    }
+    EXPECT_EQ(contents(), before);
+  }
+  provider->begin();
+  provider->execute(table + "drop constraint [PK_k')]");
+  provider->rollback();
+  EXPECT_EQ(contents(), before);
+  const auto inserted = [&](const std::string& row) {
+    return stateOf([&] { provider->execute("insert into [k')] (a, b, c) values " + row); }).substr(0, 5);
+  };
+  for (const char* row :
+       {"(0, 'y', 9)", "(5, ', CHECK (', 9)", "(5, 'y', null)", "(5, 'y', 4.0)", "(8, 'y', 9)"})
+    EXPECT_EQ(inserted(row), "23000") << row;
+  EXPECT_EQ(inserted("(5, 'y', 9)"), "no er");
+}
+
 TEST(Provider, ProceduresTakeTheirArgumentsInEveryForm) {
   const auto provider = open(":memory:");
   provider->execute(
