@@ -30,9 +30,9 @@ std::string balanceStatement(const Session& session, const AccountTable& account
          " and " + accounts.account + " in (" + list + ")";
 }
 
-// Signed as the balance is that the next month offers: an amount times its mode. Grouped by the date first: an
-// engine that groups in this order and knows no statistics finds the employee's entries by his index, and not
-// all of the company's by their numbers.
+// Signed as the balance is that the next month offers: an amount times its mode. Grouped by the date first:
+// an engine that groups in this order and knows no statistics finds the employee's entries by his index, and
+// not all of the company's by their numbers.
 std::string movementStatement(const Session& session, const std::string& employee, std::int32_t exceptEntry,
                               const std::string& furtherCondition) {
   return "select a.emhID, a.emhNo, a.emhDate,"

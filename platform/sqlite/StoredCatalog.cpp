@@ -246,6 +246,15 @@ void StoredCatalog::loadObjects(DatabaseFile& file) {
     tables_[key].columns.push_back({text(*columns, 1), storedType(text(*columns, 2), key),
                                     number(*columns, 3) != 0, static_cast<int>(number(*columns, 4))});
   }
+  const auto indexes = file.prepare(
+      "SELECT lower(t.name), i.name FROM main.sqlite_schema t, pragma_index_list(t.name) l,"
+      " pragma_index_info(l.name) i WHERE t.type = 'table' AND l.partial = 0 AND i.seqno = 0 AND i.name IS NOT NULL");
+  while (indexes->step()) {
+    const auto table = tables_.find(text(*indexes, 0));
+    if (table == tables_.end()) continue;
+    for (tsql::ColumnInfo& column : table->second.columns)
+      column.leadsIndex = column.leadsIndex || tsql::sameWord(column.name, text(*indexes, 1));
+  }
   for (const auto& [key, table] : tables_)
     if (table.name.empty() || table.columns.empty()) damaged(key);
 }

@@ -244,6 +244,7 @@ void Binder::bindIn(Expr& expr, Scope& scope) {
     const bool whole = column.isWhole() && type.kind == Kind::Decimal;
     convertColumn(*expr.query, 0, whole ? asDecimal(column) : type);
   }
+  narrowList(expr, scope);
 }
 
 void Binder::bindLike(ExprPtr& expr, Scope& scope) {
