@@ -24,7 +24,8 @@ struct Floor::Database {
       : catalogFile({.path = path}), translator(catalog), file(sqlite::openFile({.path = path})) {
     catalog.load(catalogFile);
     sqlite::registerFunctions(handle(), catalogFile);
-    sqlite3_exec(handle(), "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
+    sqlite3_exec(handle(), "PRAGMA synchronous = FULL; PRAGMA cache_size = -65536", nullptr, nullptr,
+                 nullptr);
   }
   [[nodiscard]] sqlite3* handle() const { return file.handle.get(); }
 

@@ -49,19 +49,7 @@ std::string tokenText(TokenKind kind, std::string_view written) {
 }
 
 std::optional<std::size_t> Slots::next(TokenKind kind, std::string_view written) {
-  switch (kind) {
-    case TokenKind::WholeNumber:
-      if (written == "0" || written == "1") return std::nullopt;
-      break;
-    case TokenKind::Text:
-      if (written.ends_with("' '")) return std::nullopt;
-      break;
-    case TokenKind::DecimalNumber:
-    case TokenKind::FloatNumber:
-      break;
-    default:
-      return std::nullopt;
-  }
+  if (!isLiteral(kind) || written == "0" || written == "1" || written.ends_with("' '")) return std::nullopt;
   if (used_ >= mostSlots) return std::nullopt;
   return used_++;
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cctype>
+#include <cstdint>
 #include <string>
 
 namespace payslate::tsql {
@@ -11,17 +12,23 @@ namespace {
 
 constexpr std::array<std::string_view, 6> doubleSigns = {"<>", "<=", ">=", "!=", "!<", "!>"};
 constexpr std::string_view singleSigns = "+-*/%=<>(),.;";
-constexpr std::string_view blanks = " \t\r\n\f\v";
+/// What a byte can be: every statement is scanned, so each byte is looked up once.
+enum Class : std::uint8_t { Blank = 1, Digit = 2, NameStart = 4, NameRest = 8 };
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-constexpr bool startsName(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' ||
-         static_cast<unsigned char>(c) >= 0x80U;
-}
-constexpr bool continuesName(char c) {
-  return startsName(c) || isDigit(c) || c == '$' || c == '@';
+constexpr std::array<std::uint8_t, 256> classes = [] {
+  std::array<std::uint8_t, 256> table{};
+  for (const char c : std::string_view(" \t\r\n\f\v")) table[static_cast<unsigned char>(c)] = Blank;
+  for (std::size_t c = 0; c < table.size(); ++c) {
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c >= 0x80U;
+    if (letter || c == '_' || c == '#') table[c] = NameStart | NameRest;
+    if (c == '$' || c == '@') table[c] = NameRest;
+    if (c >= '0' && c <= '9') table[c] = Digit | NameRest;
+  }
+  return table;
+}();
+
+constexpr bool is(char c, Class wanted) {
+  return (classes[static_cast<unsigned char>(c)] & wanted) != 0;
 }
 
 }  // namespace
@@ -51,11 +58,10 @@ Span Scanner::next() {
 
 void Scanner::skipBlanks() {
   for (;;) {
-    if (offset_ < text_.size() && blanks.find(text_[offset_]) != std::string_view::npos) {
-      ++offset_;
-    } else if (looksAt("--")) {
+    while (is(peek(), Blank)) ++offset_;
+    if (peek() == '-' && peek(1) == '-') {
       while (offset_ < text_.size() && text_[offset_] != '\n') ++offset_;
-    } else if (looksAt("/*")) {
+    } else if (peek() == '/' && peek(1) == '*') {
       skipBlockComment();
     } else {
       return;
@@ -77,7 +83,7 @@ void Scanner::skipBlockComment() {
 
 TokenKind Scanner::scan() {
   const char c = peek();
-  if (startsName(c) || c == '@') {
+  if (is(c, NameStart) || c == '@') {
     if ((c != 'N' && c != 'n') || peek(1) != '\'') return word();
     ++offset_;
     return quoted(TokenKind::Text, '\'');
@@ -85,7 +91,7 @@ TokenKind Scanner::scan() {
   if (c == '\'') return quoted(TokenKind::Text, '\'');
   if (c == '"') return quoted(TokenKind::QuotedName, '"');
   if (c == '[') return quoted(TokenKind::QuotedName, ']');
-  if (isDigit(c) || (c == '.' && isDigit(peek(1)))) return number();
+  if (is(c, Digit) || (c == '.' && is(peek(1), Digit))) return number();
   for (const std::string_view sign : doubleSigns) {
     if (!looksAt(sign)) continue;
     offset_ += sign.size();
@@ -114,7 +120,7 @@ TokenKind Scanner::quoted(TokenKind kind, char close) {
 }
 
 void Scanner::digits() {
-  while (isDigit(peek())) ++offset_;
+  while (is(peek(), Digit)) ++offset_;
 }
 
 // The digits of an exponent may be missing.
@@ -141,7 +147,7 @@ TokenKind Scanner::word() {
   const TokenKind kind = peek() == '@' ? TokenKind::Variable : TokenKind::Word;
   do {
     ++offset_;
-  } while (continuesName(peek()));
+  } while (is(peek(), NameRest));
   return kind;
 }
 

@@ -20,6 +20,11 @@ enum class TokenKind {
   End,
 };
 
+constexpr bool isLiteral(TokenKind kind) {
+  return kind == TokenKind::Text || kind == TokenKind::WholeNumber || kind == TokenKind::DecimalNumber ||
+         kind == TokenKind::FloatNumber;
+}
+
 struct Span {
   TokenKind kind = TokenKind::End;
   std::size_t begin = 0;  ///< Offsets in bytes; `end` is behind the last one.

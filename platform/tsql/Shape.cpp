@@ -15,10 +15,10 @@ namespace payslate::tsql {
 
 namespace {
 
-Literal textOf(std::string_view text) {
+Literal textOf(std::string text) {
   const auto isLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
   const auto letters = std::count_if(text.begin(), text.end(), isLetter);
-  return {std::string(text), Type::varchar(std::max(1, static_cast<int>(letters)))};
+  return {std::move(text), Type::varchar(std::max(1, static_cast<int>(letters)))};
 }
 
 Literal floatOf(const std::string& text, Position at) {
@@ -41,9 +41,9 @@ Literal exactOf(std::string_view text, Position at) {
 
 }  // namespace
 
-Literal literalOf(TokenKind kind, std::string_view text, Position at) {
-  if (kind == TokenKind::Text) return textOf(text);
-  if (kind == TokenKind::FloatNumber) return floatOf(std::string(text), at);
+Literal literalOf(TokenKind kind, std::string text, Position at) {
+  if (kind == TokenKind::Text) return textOf(std::move(text));
+  if (kind == TokenKind::FloatNumber) return floatOf(text, at);
   std::int32_t small = 0;
   const auto read = std::from_chars(text.data(), text.data() + text.size(), small);
   if (kind == TokenKind::WholeNumber && read.ec == std::errc())
@@ -54,28 +54,28 @@ Literal literalOf(TokenKind kind, std::string_view text, Position at) {
 // What is stored takes its type from the column.
 Shape shapeOf(std::string_view statement) {
   constexpr char mark = '\0';
-  const Shape unsplit{std::string(statement), {}};
-  if (statement.find(mark) != std::string_view::npos) return unsplit;
+  if (statement.find(mark) != std::string_view::npos) return {std::string(statement), {}};
   Shape shape;
-  shape.key.reserve(statement.size());
+  shape.key.reserve(statement.size() + statement.size() / 4);
+  shape.literals.reserve(8);
   std::size_t copied = 0;
   Scanner scanner(statement);
   Slots slots;
   std::optional<bool> typed;
   try {
     for (Span span = scanner.next(); span.kind != TokenKind::End; span = scanner.next()) {
+      if (!typed) typed = !sameWord(statement.substr(span.begin, span.end - span.begin), "insert");
+      if (!isLiteral(span.kind)) continue;
       const std::string_view written = statement.substr(span.begin, span.end - span.begin);
-      if (!typed) typed = !sameWord(written, "insert");
       if (!slots.next(span.kind, written)) continue;
       shape.literals.push_back(literalOf(span.kind, tokenText(span.kind, written), {}));
-      shape.key.append(statement, copied, span.begin - copied);
-      shape.key += mark;
+      shape.key.append(statement, copied, span.begin - copied) += mark;
       if (*typed) shape.key += std::to_string(shape.literals.back().type.packed());
       shape.key += mark;
       copied = span.end;
     }
   } catch (const SqlError&) {  // Whoever translates the text says what is wrong with it.
-    return unsplit;
+    return {std::string(statement), {}};
   }
   shape.key.append(statement, copied);
   return shape;

@@ -17,7 +17,7 @@ struct Literal {
 };
 
 /// Of a number as it is written, or of a text without its quotes. SqlError for a number that is too large.
-Literal literalOf(TokenKind kind, std::string_view text, Position at);
+Literal literalOf(TokenKind kind, std::string text, Position at);
 
 struct Shape {
   std::string key;  ///< The text, with the types of the literals in their places; in an insert without.
