@@ -442,13 +442,13 @@ TEST(Provider, TablesGuardTheirColumns) {
 // Definitions and rows, before and behind; words of definitions stand in names, defaults and checks too.
 TEST_F(Files, AKeyIsChangedAroundEverythingElse) {
   const auto provider = open(path() + ";Create=True");
-  for (
-      const char* statement :
-      {"create table [k')] (a int not null, b varchar(40) not null default ', PRIMARY KEY (\"b\"))', c decimal(9,2),"
-       " \", CHECK (\" datetime, primary key (a, b), unique (c), check (b <> ', CHECK (' and a > 0))",
-       "alter table [k')] add e float default 2.5", "create index i on [k')] (c desc, a)",
-       "create unique index u on [k')] (e) where a > 6", "create view v as select a, c from [k')]",
-       "insert into [k')] (a, c) values (7, '12.30'), (2, null), (1, 4)"})
+  provider->execute(
+      "create table [k')] (a int not null, b varchar(40) not null default ', PRIMARY KEY (\"b\"))',"
+      " c decimal(9,2), \", CHECK (\" datetime, primary key (a, b), unique (c), check (b <> ', CHECK (' and a > 0))");
+  for (const char* statement :
+       {"alter table [k')] add e float default 2.5", "create index i on [k')] (c desc, a)",
+        "create unique index u on [k')] (e) where a > 6", "create view v as select a, c from [k')]",
+        "insert into [k')] (a, c) values (7, '12.30'), (2, null), (1, 4)"})
     provider->execute(statement);
   const auto contents = [this] {
     sqlite::DatabaseFile file({.path = path()});
