@@ -17,7 +17,7 @@ constexpr std::size_t mostRanges = 16;  // The database nests conditions only so
 struct Range {
   const Expr* column;
   Cell low;
-  Cell behind;  ///< Null where no value is larger.
+  std::optional<Cell> behind;  ///< None where no value is larger.
 };
 
 struct Period {
@@ -46,8 +46,7 @@ std::optional<Range> prefixRange(const Expr& call, const Expr& value) {
   const std::string_view prefix = withoutTrailingBlanks(*text);
   if (prefix.empty() || *length < static_cast<std::int64_t>(basic::characterCount(prefix)))
     return std::nullopt;
-  const std::optional<std::string> behind = firstBehind(prefix);
-  return Range{call.args[0].get(), std::string(prefix), behind ? Cell(*behind) : Cell()};
+  return Range{call.args[0].get(), std::string(prefix), firstBehind(prefix)};
 }
 
 std::optional<Range> periodRange(const Period& period) {
@@ -63,7 +62,8 @@ std::optional<Range> periodRange(const Period& period) {
     ++behind.year;
     behind.month = 1;
   }
-  return Range{period.column, momentOf(first), behind.year > latestYear ? Cell() : Cell(momentOf(behind))};
+  if (behind.year > latestYear) return Range{period.column, momentOf(first), {}};
+  return Range{period.column, momentOf(first), momentOf(behind)};
 }
 
 class Conjuncts {
@@ -139,7 +139,7 @@ void addRanges(ExprPtr& condition) {
   all->type = Type::of(Kind::Predicate);
   for (const Range& range : ranges) {
     all->args.push_back(comparison(*range.column, ">=", range.low));
-    if (!isNull(range.behind)) all->args.push_back(comparison(*range.column, "<", range.behind));
+    if (range.behind) all->args.push_back(comparison(*range.column, "<", *range.behind));
   }
   all->args.push_back(std::move(condition));
   condition = std::move(all);
