@@ -111,7 +111,8 @@ std::vector<std::string> uniqueIndex(const TableInfo& table, const std::string& 
     const std::string collation = column->type.isText()    ? std::string(" COLLATE ") + textCollation
                                   : column->type.isExact() ? std::string(" COLLATE ") + decimalCollation
                                                            : "";
-    substituted += (substituted.empty() ? "" : ", ") + ("ifnull(" + quoted + ", x'00')" + collation);
+    substituted.append(substituted.empty() ? "" : ", ").append("ifnull(").append(quoted);
+    substituted.append(", x'00')").append(collation);
     if (!column->notNull) anyNull += (anyNull.empty() ? "" : " OR ") + quoted + " IS NULL";
   }
   std::vector<std::string> sql;

@@ -115,7 +115,7 @@ TEST_F(Files, WhatOthersChangeIsNoticedByStatementsThatAreKept) {
   const auto use = [&](const std::string& value) {
     two->insert("t", {{"a", std::int64_t{7}}, {"b", value}});
     two->update("t", {{"a", std::int64_t{7}}}, {{"b", value}});
-    const std::string read = first(*two, "select max(b) from t where a = 7") + first(*two, "select a from v");
+    std::string read = first(*two, "select max(b) from t where a = 7") + first(*two, "select a from v");
     two->execute("update t set b = b + '!' where a = 7");
     two->execute("delete from t where a = 7");
     return read;
