@@ -137,6 +137,7 @@ EntryAmount storedMovement(ado::Recordset& row) {
 }  // namespace
 
 std::string within(const char* column, EntryRange range) {
+  if (range.first == range.last) return std::string(column) + " = " + std::to_string(range.first);
   return std::string(column) + " between " + std::to_string(range.first) + " and " +
          std::to_string(range.last);
 }

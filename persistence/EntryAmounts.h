@@ -73,7 +73,7 @@ struct EntryRange {
   std::int32_t last = 0;
 };
 
-/// The range as a condition on a column.
+/// The range as a condition on a column; of one entry as an equation, for which the database looks at a key.
 std::string within(const char* column, EntryRange range);
 
 /// The amounts as the tables hold them, rows that no list could show among them, by the identifiers of the

@@ -17,7 +17,7 @@ go
 create table pSchemaVersion (
   svVersion int not null)
 go
-insert into pSchemaVersion (svVersion) values (1)
+insert into pSchemaVersion (svVersion) values (2)
 go
 create table psettings (
   companyID smallint not null primary key,
@@ -149,7 +149,7 @@ create table pLoansIssue (
   liActive smallint,
   licancelled smallint,
   liDeductionMode smallint,
-  primary key (liCompanyID, liID))
+  primary key (liID, liCompanyID))
 go
 create index ixLoansIssueEmployee on pLoansIssue (liEmpID, liCompanyID)
 go
@@ -163,7 +163,7 @@ create table popeningsavings (
   osDeductionMode smallint,
   osActive smallint,
   osCancelled smallint,
-  primary key (osCompanyID, osID))
+  primary key (osID, osCompanyID))
 go
 create index ixOpeningSavingsEmployee on popeningsavings (osEmpID, osCompanyID)
 go

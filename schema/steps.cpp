@@ -18,6 +18,9 @@ const std::vector<Step>& steps() {
          "emhCancelled = 0"},
         {"uxMonthlyEntryNumber", "pempmonthlyentryheader", "emhCompanyID, emhNo", "emhNo is not null"},
         {"uxFacilityDetailTracking", "pempfacilitydeductiondetail", "efdtrackingid, efdcompanyid", ""}}},
+      // Behind the company both would be read whole for one employee.
+      {.version = 2,
+       .keys = {{"pLoansIssue", {"liID", "liCompanyID"}}, {"popeningsavings", {"osID", "osCompanyID"}}}},
   };
   return all;
 }

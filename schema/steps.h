@@ -25,11 +25,18 @@ struct UniqueIndex {
   std::string_view where;    ///< Of a filtered one; otherwise empty.
 };
 
-/// What leads to a version from the one before: the tables, then the indexes, then the statements.
+/// A primary key that a step gives to a table in the place of whatever key it has.
+struct PrimaryKey {
+  std::string_view table;  ///< Its logical name.
+  std::vector<std::string> columns;
+};
+
+/// What leads to a version from the one before: the tables, then the indexes, the keys, the statements.
 struct Step {
-  int version;
-  std::vector<NewTable> tables;
-  std::vector<UniqueIndex> indexes;
+  int version = 0;
+  std::vector<NewTable> tables = {};
+  std::vector<UniqueIndex> indexes = {};
+  std::vector<PrimaryKey> keys = {};
   /// Run once. "{pemployee}" stands for the physical name of that table.
   std::vector<std::string_view> statements = {};
 };

@@ -41,6 +41,47 @@ bool hasIndex(ado::Connection& connection, std::string_view index, std::string_v
           catalogName(physical) + " and lower(i.name) = " + catalogName(index));
 }
 
+struct StoredKey {
+  std::string constraint;  ///< Its name; empty where the table has no primary key.
+  std::vector<std::string> columns;
+};
+
+StoredKey keyOf(ado::Connection& connection, std::string_view physical) {
+  ado::Recordset rows = connection.Execute(
+      "select k.name, u.COLUMN_NAME from sys.key_constraints k, sys.tables t, INFORMATION_SCHEMA.KEY_COLUMN_USAGE u"
+      " where k.type = 'PK' and k.parent_object_id = t.object_id and u.TABLE_NAME = t.name"
+      " and u.CONSTRAINT_NAME = k.name and lower(t.name) = " +
+      catalogName(physical) + " order by u.ORDINAL_POSITION");
+  StoredKey key;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    key.constraint = rows.Fields(0).Text();
+    key.columns.push_back(rows.Fields(1).Text());
+  }
+  return key;
+}
+
+bool sameName(const std::string& left, const std::string& right) {
+  return basic::lower(left) == basic::lower(right);
+}
+
+bool hasKey(const StoredKey& stored, const PrimaryKey& key) {
+  return std::equal(stored.columns.begin(), stored.columns.end(), key.columns.begin(), key.columns.end(),
+                    sameName);
+}
+
+std::string listed(const PrimaryKey& key) {
+  std::string list;
+  for (const std::string& column : key.columns) list += (list.empty() ? "" : ", ") + column;
+  return list;
+}
+
+// "[PK__pLoansIs__1A2B]", whatever characters the name has.
+std::string bracketed(const std::string& name) {
+  std::string quoted = "[";
+  for (const char character : name) quoted.append(character == ']' ? 2 : 1, character);
+  return quoted + ']';
+}
+
 // Every {name} becomes that table's physical name.
 std::string withLinks(ado::Connection& connection, std::string_view text) {
   std::string linked;
@@ -79,14 +120,17 @@ class Upgrading {
   [[nodiscard]] bool isDue() const { return !due_.empty(); }
 
   void look() {
-    for (const Step* step : due_)
+    for (const Step* step : due_) {
       for (const UniqueIndex& index : step->indexes) look(index);
+      for (const PrimaryKey& key : step->keys) look(key);
+    }
   }
 
   void work() {
     for (const Step* step : due_) {
       for (const NewTable& table : step->tables) make(table);
       for (const UniqueIndex& index : step->indexes) make(index);
+      for (const PrimaryKey& key : step->keys) make(key);
       for (const std::string_view statement : step->statements)
         connection_.Execute(withLinks(connection_, statement));
     }
@@ -102,15 +146,48 @@ class Upgrading {
     const std::string physical = linkedTable(connection_, index.table);
     const std::string place =
         "The unique index " + std::string(index.name) + " cannot be made on " + physical + ": ";
-    if (!hasRow(connection_, "select name from sys.tables where lower(name) = " + catalogName(physical))) {
-      report_.forbidden.push_back(place + "it is no table of this database.");
+    if (!isTable(place, physical) || hasIndex(connection_, index.name, physical)) return;
+    lookForTwins(place, std::string(index.columns), physical + condition(index));
+  }
+
+  void look(const PrimaryKey& key) {
+    const std::string physical = linkedTable(connection_, key.table);
+    const std::string place = "The primary key (" + listed(key) + ") cannot be made on " + physical + ": ";
+    if (!isTable(place, physical) || hasKey(keyOf(connection_, physical), key)) return;
+    if (const std::string wrong = unfitColumns(key, physical); !wrong.empty()) {
+      report_.forbidden.push_back(place + wrong + '.');
       return;
     }
-    if (hasIndex(connection_, index.name, physical)) return;
-    const std::string columns(index.columns);
+    lookForTwins(place, listed(key), physical);
+  }
+
+  bool isTable(const std::string& place, const std::string& physical) {
+    const bool is =
+        hasRow(connection_, "select name from sys.tables where lower(name) = " + catalogName(physical));
+    if (!is) report_.forbidden.push_back(place + "it is no table of this database.");
+    return is;
+  }
+
+  // "the column liID allows Null, the column x is missing"
+  std::string unfitColumns(const PrimaryKey& key, const std::string& physical) {
+    std::string wrong;
+    for (const std::string& column : key.columns) {
+      ado::Recordset row = connection_.Execute(
+          "select IS_NULLABLE from INFORMATION_SCHEMA.COLUMNS where lower(TABLE_NAME) = " +
+          catalogName(physical) + " and lower(COLUMN_NAME) = lower(" + ado::literal(column) + ")");
+      const bool missing = row.Eof();
+      if (!missing && row.Fields(0).Text() == "NO") continue;
+      wrong += (wrong.empty() ? "the column " : ", the column ") + column +
+               (missing ? " is missing" : " allows Null");
+    }
+    return wrong;
+  }
+
+  // Rows with the same values in these columns.
+  void lookForTwins(const std::string& place, const std::string& columns, const std::string& rows) {
     ado::Recordset twice =
-        connection_.Execute("select " + columns + ", count(*) from " + physical + condition(index) +
-                            " group by " + columns + " having count(*) > 1 order by " + columns);
+        connection_.Execute("select " + columns + ", count(*) from " + rows + " group by " + columns +
+                            " having count(*) > 1 order by " + columns);
     std::size_t keys = 0;
     std::string named;
     for (; !twice.Eof(); twice.MoveNext())
@@ -144,6 +221,17 @@ class Upgrading {
     connection_.Execute("create unique index " + std::string(index.name) + " on " + physical + " (" +
                         std::string(index.columns) + ")" + condition(index));
     report_.made.push_back("the unique index " + std::string(index.name) + " on " + physical);
+  }
+
+  void make(const PrimaryKey& key) {
+    const std::string physical = linkedTable(connection_, key.table);
+    const StoredKey stored = keyOf(connection_, physical);
+    if (hasKey(stored, key)) return;
+    const std::string change = "alter table " + physical;
+    if (!stored.constraint.empty())
+      connection_.Execute(change + " drop constraint " + bracketed(stored.constraint));
+    connection_.Execute(change + " add primary key (" + listed(key) + ")");
+    report_.made.push_back("the primary key (" + listed(key) + ") on " + physical);
   }
 
   ado::Connection& connection_;

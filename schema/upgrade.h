@@ -22,7 +22,7 @@ std::string linkedTable(ado::Connection& connection, std::string_view logical);
 struct UpgradeReport {
   int from = 0;                        ///< The version that was found.
   std::vector<std::string> forbidden;  ///< Sentences; when there are any, nothing was changed.
-  std::vector<std::string> made;       ///< "the table x", "the unique index x"
+  std::vector<std::string> made;  ///< "the table x", "the unique index x on t", "the primary key (a, b) on t"
 };
 
 /// Takes a payroll database of an earlier version to the present one, in a transaction of its own; one of the

@@ -30,6 +30,8 @@ payslate           : component persistence browser months $platform platform/pro
 desktop            : platform/basic platform/ui <Q
 host               : payslate schema desktop $platform platform/scripted platform/providers <Q <CLI/ <nlohmann/ <unistd.h> <io.h>
 host/example       : payslate desktop $platform
+bench              : component browser entry payslate schema $platform platform/scripted platform/providers \
+                     platform/sqlite platform/tsql <sqlite3.h> <CLI/
 tools/attack       : component persistence payslate schema $platform platform/scripted platform/providers host <sqlite3.h> \
                      <poll.h> <sys/ <unistd.h>
 tools/recorder     : host schema $platform platform/scripted tests/server <CLI/
@@ -41,7 +43,7 @@ tests/ado          : $databases tests/server <gtest/ <sqlite3.h>
 tests/tsql         : $databases platform/tsql platform/sqlite tests/server <gtest/
 tests/sqlite       : $databases platform/tsql platform/sqlite <gtest/
 tests/odbc         : $databases platform/odbc <gtest/
-tests/differential : platform/basic platform/ado platform/sqlite platform/odbc <gtest/
+tests/differential : platform/basic platform/ado platform/sqlite platform/odbc tests/ado <gtest/
 tests/ui           : platform/basic platform/ui <gtest/
 tests/scripted     : platform/basic platform/ui platform/scripted <gtest/
 tests/schema       : $databases schema tests/server <gtest/

@@ -22,11 +22,11 @@ ado::Error toAdoError(const tsql::SqlError& error) {
   return {error.what(), error.sqlState(), "payslate.tsql"};
 }
 
-Statement::Statement(DatabaseFile& file, std::string sql, sqlite3_stmt* handle)
-    : file_(file), sql_(std::move(sql)), handle_(handle), quiet_(file.quiet_) {}
+Statement::Statement(DatabaseFile& file, std::shared_ptr<StatementPool> pool, sqlite3_stmt* handle)
+    : file_(file), pool_(std::move(pool)), handle_(handle), quiet_(file.quiet_) {}
 
 Statement::~Statement() {
-  file_.giveBack(sql_, handle_);
+  file_.giveBack(*pool_, handle_, outdated_);
 }
 
 void Statement::bind(std::size_t index, const tsql::Cell& value) {
@@ -51,7 +51,11 @@ void Statement::bind(const std::vector<tsql::Cell>& values) {
 
 bool Statement::step() {
   file_.functionError.reset();
-  const int code = file_.step(handle_);
+  int code = file_.step(handle_);
+  // What was wrong is told only then, about a statement that does not compile itself anew.
+  if (code != SQLITE_ROW && code != SQLITE_DONE && pool_->schema == Schema::Known) {
+    if (const int reason = sqlite3_reset(handle_); reason != SQLITE_OK) code = reason;
+  }
   // Without locks a row, or an error, may come from a file that is just being written.
   if (quiet_ && !quiet_->isUnchanged()) {
     reset();
@@ -62,6 +66,10 @@ bool Statement::step() {
   if (code == SQLITE_DONE) {
     reset();
     return false;
+  }
+  if (code == SQLITE_SCHEMA && pool_->schema == Schema::Known) {
+    outdated_ = true;
+    throw CatalogChanged();
   }
   const ado::Error error = file_.error(code);
   reset();
@@ -95,6 +103,9 @@ DatabaseFile::DatabaseFile(FileWish wish) : wish_(std::move(wish)) {
 
 void DatabaseFile::open() {
   OpenedFile file = openFile(wish_);
+  // 64 MB of pages at most, so that a large company's year stays in memory. It reads the file's head; what
+  // cannot be read is told by who needs it.
+  sqlite3_exec(file.handle.get(), "PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
   registerFunctions(file.handle.get(), *this);
   sqlite3_progress_handler(
       file.handle.get(), stepsBetweenLooks,
@@ -119,19 +130,37 @@ DatabaseFile::~DatabaseFile() {
   dropIdleStatements();
 }
 
-std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql) {
+std::shared_ptr<StatementPool> DatabaseFile::pool(const std::string& sql, Schema schema) {
+  std::shared_ptr<StatementPool>& pool = pools_[static_cast<std::size_t>(schema)][sql];
+  if (!pool) pool = std::make_shared<StatementPool>(StatementPool{sql, schema, {}});
+  return pool;
+}
+
+std::unique_ptr<Statement> DatabaseFile::prepare(const std::string& sql, Schema schema) {
+  return prepare(pool(sql, schema));
+}
+
+std::unique_ptr<Statement> DatabaseFile::prepare(const std::shared_ptr<StatementPool>& pool) {
   transaction_.refuseAfterFailure();
-  if (const auto found = idle_.find(sql); found != idle_.end()) {
-    sqlite3_stmt* handle = found->second;
-    idle_.erase(found);
-    return std::make_unique<Statement>(*this, sql, handle);
-  }
   sqlite3_stmt* handle = nullptr;
+  if (!pool->idle.empty()) {
+    handle = pool->idle.back();
+    pool->idle.pop_back();
+    --idleStatements_;
+    return std::make_unique<Statement>(*this, pool, handle);
+  }
   functionError.reset();
-  const int code = sqlite3_prepare_v3(handle_.get(), sql.c_str(), static_cast<int>(sql.size()),
-                                      SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
+  const std::string& sql = pool->sql;
+  const int size = static_cast<int>(sql.size());
+  // The older of the two calls makes statements that say when the tables have changed, and do not compile
+  // themselves anew.
+  const int code =
+      pool->schema == Schema::Known
+          ? sqlite3_prepare(handle_.get(), sql.c_str(), size, &handle, nullptr)
+          : sqlite3_prepare_v3(handle_.get(), sql.c_str(), size, SQLITE_PREPARE_PERSISTENT, &handle, nullptr);
   if (code != SQLITE_OK) throw error(code);
-  return std::make_unique<Statement>(*this, sql, handle);
+  ++compiled_;
+  return std::make_unique<Statement>(*this, pool, handle);
 }
 
 int DatabaseFile::step(sqlite3_stmt* handle) {
@@ -141,20 +170,27 @@ int DatabaseFile::step(sqlite3_stmt* handle) {
   return code;
 }
 
-void DatabaseFile::giveBack(const std::string& sql, sqlite3_stmt* handle) {
+void DatabaseFile::giveBack(StatementPool& pool, sqlite3_stmt* handle, bool outdated) {
   sqlite3_reset(handle);
   sqlite3_clear_bindings(handle);
-  if (sqlite3_db_handle(handle) != handle_.get()) {  // The file was opened anew meanwhile.
+  if (outdated || sqlite3_db_handle(handle) != handle_.get()) {  // The file was opened anew meanwhile.
     sqlite3_finalize(handle);
     return;
   }
-  if (idle_.size() >= mostIdleStatements) dropIdleStatements();
-  idle_.emplace(sql, handle);
+  if (idleStatements_ >= mostIdleStatements) dropIdleStatements();
+  pool.idle.push_back(handle);
+  ++idleStatements_;
 }
 
 void DatabaseFile::dropIdleStatements() {
-  for (const auto& [sql, handle] : idle_) sqlite3_finalize(handle);
-  idle_.clear();
+  for (Pools& pools : pools_) {
+    for (const auto& [sql, pool] : pools) {
+      for (sqlite3_stmt* handle : pool->idle) sqlite3_finalize(handle);
+      pool->idle.clear();
+    }
+    std::erase_if(pools, [](const auto& entry) { return entry.second.use_count() == 1; });
+  }
+  idleStatements_ = 0;
 }
 
 void DatabaseFile::refuseLostFile() const {
@@ -169,16 +205,20 @@ void DatabaseFile::refuseLostFile() const {
 }
 
 void DatabaseFile::run(const std::string& sql, const std::vector<tsql::Cell>& values) {
-  refuseLostFile();
   const std::unique_ptr<Statement> statement = prepare(sql);
   statement->bind(values);
+  run(*statement);
+}
+
+void DatabaseFile::run(Statement& statement) {
+  refuseLostFile();
   try {
-    while (statement->step()) {
+    while (statement.step()) {
     }
   } catch (const ado::Error& error) {
     if (error.NativeError != SQLITE_BUSY_SNAPSHOT || cursors_.empty()) throw;
     settleCursors();
-    while (statement->step()) {
+    while (statement.step()) {
     }
   }
 }

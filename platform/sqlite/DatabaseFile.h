@@ -1,14 +1,15 @@
 // One open database file: its handle, its prepared statements, and who is reading from it.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/ado/Error.h"
@@ -24,10 +25,26 @@ namespace payslate::sqlite {
 class DatabaseFile;
 class RowCursor;
 
+/// The catalog is no longer the one that a statement was translated by. The statement has done nothing yet.
+struct CatalogChanged {};
+
+/// Who compiles a statement anew when the tables it stands on have changed.
+enum class Schema {
+  Any,    ///< The database, without a word.
+  Known,  ///< Its user: the first step throws CatalogChanged.
+};
+
+/// The prepared statements of one text that nobody uses at the moment.
+struct StatementPool {
+  std::string sql;
+  Schema schema = Schema::Any;
+  std::vector<sqlite3_stmt*> idle;
+};
+
 /// A prepared statement, lent by a database file; goes back there, reset, when it is destroyed.
 class Statement {
  public:
-  Statement(DatabaseFile& file, std::string sql, sqlite3_stmt* handle);
+  Statement(DatabaseFile& file, std::shared_ptr<StatementPool> pool, sqlite3_stmt* handle);
   ~Statement();
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
@@ -40,9 +57,10 @@ class Statement {
 
  private:
   DatabaseFile& file_;
-  std::string sql_;
+  std::shared_ptr<StatementPool> pool_;
   sqlite3_stmt* handle_;
   std::shared_ptr<const QuietFile> quiet_;
+  bool outdated_ = false;
 };
 
 /// Everything that one connection shares with its cursors. Not for several threads at once.
@@ -54,12 +72,18 @@ class DatabaseFile {
   DatabaseFile& operator=(const DatabaseFile&) = delete;
 
   /// Statements are prepared once by text and used again. ado::Error when the database refuses it.
-  std::unique_ptr<Statement> prepare(const std::string& sql);
+  std::unique_ptr<Statement> prepare(const std::string& sql, Schema schema = Schema::Any);
+  std::unique_ptr<Statement> prepare(const std::shared_ptr<StatementPool>& pool);
+  /// Where the statements of a text lie; a holder of it saves looking for them by their text.
+  std::shared_ptr<StatementPool> pool(const std::string& sql, Schema schema);
   /// Runs a statement that returns no rows. ado::Error where the file is no longer the one at its path: what
   /// is written to it then is lost with it.
   void run(const std::string& sql, const std::vector<tsql::Cell>& values = {});
+  void run(Statement& statement);
   std::int64_t number(const std::string& sql);  ///< The one number that it gives.
   [[nodiscard]] std::int64_t changedRows() const;
+  /// How many statements were compiled so far.
+  [[nodiscard]] std::uint64_t compiled() const { return compiled_; }
   /// May the file be read alone?
   [[nodiscard]] bool isReadOnly() const;
   /// Opens a file that is read without locks anew when others have changed it, or are about to. True when it
@@ -94,7 +118,7 @@ class DatabaseFile {
  private:
   friend class Statement;
   void open();
-  void giveBack(const std::string& sql, sqlite3_stmt* handle);
+  void giveBack(StatementPool& pool, sqlite3_stmt* handle, bool outdated);
   int step(sqlite3_stmt* handle);
   [[nodiscard]] ado::Error described(int code);
   void refuseLostFile() const;
@@ -104,8 +128,11 @@ class DatabaseFile {
   Handle handle_;
   std::shared_ptr<const QuietFile> quiet_;
   ado::TransactionState transaction_;
-  std::multimap<std::string, sqlite3_stmt*, std::less<>> idle_;
+  using Pools = std::unordered_map<std::string, std::shared_ptr<StatementPool>>;
+  std::array<Pools, 2> pools_;  ///< By Schema.
+  std::size_t idleStatements_ = 0;
   std::set<RowCursor*> cursors_;
+  std::uint64_t compiled_ = 0;
 };
 
 ado::Error toAdoError(const tsql::SqlError& error);

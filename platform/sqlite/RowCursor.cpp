@@ -1,16 +1,20 @@
 // Stepping and reading ahead.
 #include "platform/sqlite/RowCursor.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/basic/Error.h"
 #include "platform/sqlite/Values.h"
 
 namespace payslate::sqlite {
 
-RowCursor::RowCursor(DatabaseFile& file, std::unique_ptr<Statement> statement,
-                     const std::vector<tsql::OutputColumn>& columns)
-    : file_(&file), statement_(std::move(statement)) {
-  columns_.reserve(columns.size());
-  for (const tsql::OutputColumn& column : columns) columns_.push_back({column.name, columnType(column.type)});
+RowCursor::RowCursor(DatabaseFile& file, QueryPreparer& preparer, std::string_view text, PreparedQuery query)
+    : file_(&file),
+      preparer_(preparer),
+      text_(text),
+      plan_(std::move(query.plan)),
+      statement_(std::move(query.statement)) {
   file.enter(*this);
 }
 
@@ -34,8 +38,9 @@ bool RowCursor::next() {
     case State::Stepping:
       break;
   }
+  const bool first = state_ == State::Fresh;
   state_ = State::Done;
-  if (!statement_->step()) {
+  if (!(first ? firstStep() : statement_->step())) {
     statement_.reset();
     return false;
   }
@@ -43,8 +48,30 @@ bool RowCursor::next() {
   return true;
 }
 
+// Between the query and its first row another program may have changed the tables.
+bool RowCursor::firstStep() {
+  constexpr int mostTries = 10;
+  for (int tries = 1;; ++tries) {
+    try {
+      return statement_->step();
+    } catch (const CatalogChanged&) {
+      PreparedQuery again = preparer_.prepareAgain(text_);
+      const bool same = again.plan && std::equal(again.plan->columns.begin(), again.plan->columns.end(),
+                                                 plan_->columns.begin(), plan_->columns.end(),
+                                                 [](const ado::Column& left, const ado::Column& right) {
+                                                   return left.name == right.name && left.type == right.type;
+                                                 });
+      if (!same || tries == mostTries)
+        throw ado::Error("The tables were changed by another program while they were read: ask again.",
+                         "40001", "payslate.sqlite");
+      plan_ = std::move(again.plan);
+      statement_ = std::move(again.statement);
+    }
+  }
+}
+
 basic::Value RowCursor::value(std::size_t column) const {
-  if (column >= columns_.size() || (state_ != State::Stepping && state_ != State::Settled)) {
+  if (column >= plan_->columns.size() || (state_ != State::Stepping && state_ != State::Settled)) {
     throw ado::Error("There is no current row to read from.", tsql::state::general, "payslate.sqlite");
   }
   if (state_ == State::Settled) return (*current_)[column];
@@ -53,7 +80,7 @@ basic::Value RowCursor::value(std::size_t column) const {
 
 basic::Value RowCursor::stored(std::size_t column) const {
   try {
-    return toValue(statement_->column(column), columns_[column].type);
+    return toValue(statement_->column(column), plan_->columns[column].type);
   } catch (const basic::ValueError&) {
     throw file_->damage("a stored value");
   }
@@ -61,8 +88,8 @@ basic::Value RowCursor::stored(std::size_t column) const {
 
 ado::ReadAhead::Row RowCursor::readRow() const {
   ado::ReadAhead::Row row;
-  row.reserve(columns_.size());
-  for (std::size_t i = 0; i < columns_.size(); ++i) row.push_back(stored(i));
+  row.reserve(plan_->columns.size());
+  for (std::size_t i = 0; i < plan_->columns.size(); ++i) row.push_back(stored(i));
   return row;
 }
 

@@ -8,19 +8,32 @@
 #include "platform/ado/Provider.h"
 #include "platform/ado/ReadAhead.h"
 #include "platform/sqlite/DatabaseFile.h"
-#include "platform/tsql/Ast.h"
+#include "platform/sqlite/Plans.h"
 
 namespace payslate::sqlite {
 
+/// A query, ready to run.
+struct PreparedQuery {
+  std::shared_ptr<const Plan> plan;
+  std::unique_ptr<Statement> statement;
+};
+
+/// Prepares queries by the catalog as it is.
+class QueryPreparer {
+ public:
+  virtual ~QueryPreparer() = default;
+  virtual PreparedQuery prepareAgain(const std::string& text) = 0;
+};
+
 class RowCursor : public ado::Cursor {
  public:
-  RowCursor(DatabaseFile& file, std::unique_ptr<Statement> statement,
-            const std::vector<tsql::OutputColumn>& columns);
+  /// The preparer, which is asked where the tables change before the first row, must outlive the file.
+  RowCursor(DatabaseFile& file, QueryPreparer& preparer, std::string_view text, PreparedQuery query);
   ~RowCursor() override;
   RowCursor(const RowCursor&) = delete;
   RowCursor& operator=(const RowCursor&) = delete;
 
-  [[nodiscard]] const std::vector<ado::Column>& columns() const override { return columns_; }
+  [[nodiscard]] const std::vector<ado::Column>& columns() const override { return plan_->columns; }
   bool next() override;
   [[nodiscard]] basic::Value value(std::size_t column) const override;
 
@@ -32,12 +45,15 @@ class RowCursor : public ado::Cursor {
  private:
   enum class State { Fresh, Stepping, Settled, Done, Detached };
 
+  bool firstStep();
   [[nodiscard]] basic::Value stored(std::size_t column) const;
   [[nodiscard]] ado::ReadAhead::Row readRow() const;
 
   DatabaseFile* file_;
+  QueryPreparer& preparer_;
+  std::string text_;
+  std::shared_ptr<const Plan> plan_;
   std::unique_ptr<Statement> statement_;
-  std::vector<ado::Column> columns_;
   State state_ = State::Fresh;
   std::optional<ado::ReadAhead::Row> current_;  // Settled cursors only.
   ado::ReadAhead pending_;                      // Likewise.

@@ -4,12 +4,13 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
-#include <unordered_map>
 
 #include "platform/ado/ConnectionString.h"
 #include "platform/basic/Numbers.h"
 #include "platform/sqlite/CatalogSeal.h"
 #include "platform/sqlite/DatabaseFile.h"
+#include "platform/sqlite/Plans.h"
+#include "platform/sqlite/Rebuilding.h"
 #include "platform/sqlite/RowCursor.h"
 #include "platform/sqlite/StoredCatalog.h"
 #include "platform/sqlite/Values.h"
@@ -21,7 +22,7 @@ namespace payslate::sqlite {
 namespace {
 
 constexpr const char* source = "payslate.sqlite";
-constexpr std::size_t mostTranslations = 1000;
+constexpr int mostTries = 10;  // Of a statement whose tables others change.
 
 /// PATH;Create=True;ReadOnly=True;BusyTimeout=milliseconds;StatementTimeout=milliseconds
 struct Options {
@@ -77,9 +78,10 @@ void checkFile(const Options& options) {
   }
 }
 
-class SqliteProvider : public ado::Provider {
+class SqliteProvider : public ado::Provider, public QueryPreparer {
  public:
-  explicit SqliteProvider(const Options& options) : file_(options.file), translator_(catalog_) {
+  explicit SqliteProvider(const Options& options)
+      : file_(options.file), translator_(catalog_), plans_(translator_, file_) {
     try {
       file_.number("PRAGMA schema_version");  // Reads the file's head before anything is written.
       StoredCatalog::prepare(file_);
@@ -97,19 +99,18 @@ class SqliteProvider : public ado::Provider {
     }
   }
 
-  std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
-    const std::shared_ptr<const tsql::Translation> translation = translated(statement);
-    if (translation->change) {
-      changeSchema(*translation);
-      return nullptr;
-    }
-    if (!translation->returnsRows) {
-      file_.run(translation->sql.front(), translation->bindings);
-      return nullptr;
-    }
-    std::unique_ptr<Statement> prepared = file_.prepare(translation->sql.front());
-    prepared->bind(translation->bindings);
-    return std::make_unique<RowCursor>(file_, std::move(prepared), translation->columns);
+  std::unique_ptr<ado::Cursor> execute(std::string_view text) override {
+    std::unique_ptr<ado::Cursor> rows;
+    byTheCatalog([&] {
+      PlannedStatement planned = this->planned(text);
+      const tsql::Translation& translation = planned.plan->translation;
+      if (translation.change) return changeSchema(translation);
+      std::unique_ptr<Statement> statement = prepared(planned);
+      if (!translation.returnsRows) return file_.run(*statement);
+      rows = std::make_unique<RowCursor>(file_, *this, text,
+                                         PreparedQuery{std::move(planned.plan), std::move(statement)});
+    });
+    return rows;
   }
 
   [[nodiscard]] std::optional<std::uint64_t> changedRows() const override {
@@ -131,13 +132,18 @@ class SqliteProvider : public ado::Provider {
   [[nodiscard]] bool inTransaction() const override { return file_.inTransaction(); }
 
   std::optional<std::string> baseTable(std::string_view statement) override {
-    const std::shared_ptr<const tsql::Translation> translation = translated(statement);
-    if (!translation->baseTable) return std::nullopt;
-    return catalog_.table(*translation->baseTable)->name;
+    std::optional<std::string> name;
+    byTheCatalog([&] {
+      const PlannedStatement planned = this->planned(statement);
+      const std::optional<std::string>& table = planned.plan->translation.baseTable;
+      if (table) name = catalog_.table(*table)->name;
+    });
+    return name;
   }
 
   std::vector<std::string> key(const std::string& table) override {
     std::vector<const tsql::ColumnInfo*> columns;
+    refresh();
     for (const tsql::ColumnInfo& column : current(table).columns)
       if (column.keyPosition > 0) columns.push_back(&column);
     std::sort(columns.begin(), columns.end(),
@@ -149,74 +155,127 @@ class SqliteProvider : public ado::Provider {
   }
 
   void insert(const std::string& table, const std::vector<ado::Assignment>& row) override {
-    const tsql::TableInfo& info = current(table);
-    if (row.empty()) return file_.run("INSERT INTO " + tsql::quotedName(info.name) + " DEFAULT VALUES");
-    std::string names;
-    std::string places;
-    std::vector<tsql::Cell> values;
-    for (const ado::Assignment& assignment : row) {
-      const tsql::ColumnInfo& column = required(info, assignment.column);
-      values.push_back(stored(info, column, assignment.value));
-      names += (names.empty() ? "" : ", ") + tsql::quotedName(column.name);
-      places += (places.empty() ? "?" : ", ?") + std::to_string(values.size());
-    }
-    file_.run("INSERT INTO " + tsql::quotedName(info.name) + " (" + names + ") VALUES (" + places + ")",
-              values);
+    byTheCatalog([&] {
+      const tsql::TableInfo& info = current(table);
+      std::string names;
+      std::string places;
+      std::vector<tsql::Cell> values;
+      for (const ado::Assignment& assignment : row) {
+        const tsql::ColumnInfo& column = required(info, assignment.column);
+        values.push_back(stored(info, column, assignment.value));
+        names += (names.empty() ? "" : ", ") + tsql::quotedName(column.name);
+        places += (places.empty() ? "?" : ", ?") + std::to_string(values.size());
+      }
+      const std::string into = "INSERT INTO " + tsql::quotedName(info.name);
+      write(into + (row.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")"), values);
+    });
   }
 
   void update(const std::string& table, const std::vector<ado::Assignment>& key,
               const std::vector<ado::Assignment>& row) override {
-    const tsql::TableInfo& info = current(table);
-    if (key.empty())
-      refuse("The table '" + info.name + "' has no primary key to find the row by.", tsql::state::general);
-    if (row.empty()) return;
-    std::vector<tsql::Cell> values;
-    const auto listed = [&](const std::vector<ado::Assignment>& assignments, const std::string& between) {
-      std::string list;
-      for (const ado::Assignment& assignment : assignments) {
-        const tsql::ColumnInfo& column = required(info, assignment.column);
-        values.push_back(stored(info, column, assignment.value));
-        list += (list.empty() ? "" : between) + tsql::quotedName(column.name) + " = ?" +
-                std::to_string(values.size());
+    byTheCatalog([&] {
+      const tsql::TableInfo& info = current(table);
+      if (key.empty())
+        refuse("The table '" + info.name + "' has no primary key to find the row by.", tsql::state::general);
+      if (row.empty()) return;
+      std::vector<tsql::Cell> values;
+      const auto listed = [&](const std::vector<ado::Assignment>& assignments, const std::string& between) {
+        std::string list;
+        for (const ado::Assignment& assignment : assignments) {
+          const tsql::ColumnInfo& column = required(info, assignment.column);
+          values.push_back(stored(info, column, assignment.value));
+          list += (list.empty() ? "" : between) + tsql::quotedName(column.name) + " = ?" +
+                  std::to_string(values.size());
+        }
+        return list;
+      };
+      const std::string assignments = listed(row, ", ");
+      const std::string condition = listed(key, " AND ");
+      write("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition, values);
+      if (file_.changedRows() == 0) {
+        refuse("The row of '" + info.name + "' is not there any more: another user has deleted it.", "HY000");
       }
-      return list;
-    };
-    const std::string assignments = listed(row, ", ");
-    const std::string condition = listed(key, " AND ");
-    file_.run("UPDATE " + tsql::quotedName(info.name) + " SET " + assignments + " WHERE " + condition,
-              values);
-    if (file_.changedRows() == 0) {
-      refuse("The row of '" + info.name + "' is not there any more: another user has deleted it.", "HY000");
-    }
+    });
   }
 
  private:
-  // Translations are kept by text for as long as the catalog stays what it is.
-  std::shared_ptr<const tsql::Translation> translated(std::string_view statement) {
-    refresh();
-    std::string text(statement);
-    if (const auto known = translations_.find(text); known != translations_.end()) return known->second;
+  // Nobody asks before each statement whether the catalog is still the one that is known: a statement that
+  // was compiled for other tables says so before it does anything, and is tried again by the new catalog.
+  template <typename Work>
+  void byTheCatalog(const Work& work) {
+    if (file_.followOthers()) {
+      version_.reset();
+      refresh();
+    }
+    for (int tries = 1;; ++tries) {
+      try {
+        return work();
+      } catch (const CatalogChanged&) {
+        if (tries == mostTries)
+          refuse("The tables are changed by another program all the time: try again later.", "40001");
+      } catch (const ado::Error&) {  // Perhaps there is now what was missing.
+        if (tries == mostTries || isCurrent()) throw;
+      }
+      loadCatalog();
+    }
+  }
+
+  PreparedQuery prepareAgain(const std::string& text) override {
+    PreparedQuery query;
+    loadCatalog();
+    byTheCatalog([&] {
+      PlannedStatement planned = this->planned(text);
+      if (!planned.plan->translation.returnsRows) return;
+      query.statement = prepared(planned);
+      query.plan = std::move(planned.plan);
+    });
+    return query;
+  }
+
+  PlannedStatement planned(std::string_view text) {
+    if (PlannedStatement known = plans_.find(text); known.plan) return known;
     try {
-      auto translation = std::make_shared<const tsql::Translation>(translator_.translate(statement));
-      if (translation->change) return translation;
-      if (translations_.size() >= mostTranslations) translations_.clear();
-      translations_.emplace(std::move(text), translation);
-      return translation;
+      return plans_.make(text);
     } catch (const tsql::SqlError& error) {
       throw toAdoError(error);
     }
   }
 
+  std::unique_ptr<Statement> prepared(const PlannedStatement& planned) {
+    std::unique_ptr<Statement> statement = prepared(planned.plan->pool);
+    planned.bind(*statement);
+    return statement;
+  }
+
+  // The database may have compiled a statement for tables that the catalog here does not know yet.
+  std::unique_ptr<Statement> prepared(const std::shared_ptr<StatementPool>& pool) {
+    const std::uint64_t before = file_.compiled();
+    std::unique_ptr<Statement> statement = file_.prepare(pool);
+    if (file_.compiled() != before && !isCurrent()) throw CatalogChanged();
+    return statement;
+  }
+
+  void write(const std::string& sql, const std::vector<tsql::Cell>& values) {
+    const std::unique_ptr<Statement> statement = prepared(file_.pool(sql, Schema::Known));
+    statement->bind(values);
+    file_.run(*statement);
+  }
+
+  [[nodiscard]] bool isCurrent() { return version_ && StoredCatalog::version(file_) == *version_; }
+
   void refresh() {
     if (file_.followOthers()) version_.reset();
-    if (version_ && StoredCatalog::version(file_) == *version_) return;
+    if (!isCurrent()) loadCatalog();
+  }
+
+  void loadCatalog() {
     requireSeal(file_);
     if (!version_) StoredCatalog::describe(file_);
     reload();
   }
 
   void reload() {
-    translations_.clear();
+    plans_.clear();
     translator_.schemaChanged();
     file_.dropIdleStatements();
     const std::int64_t version = StoredCatalog::version(file_);
@@ -231,6 +290,8 @@ class SqliteProvider : public ado::Provider {
     file_.run(inside ? "SAVEPOINT schema_change" : "BEGIN IMMEDIATE");
     try {
       for (const std::string& sql : translation.sql) file_.run(sql);
+      if (translation.change->action == tsql::SchemaChange::Action::Rekey)
+        rebuildWithKey(file_, translation.change->table);
       StoredCatalog::record(file_, *translation.change);
       file_.run(inside ? "RELEASE schema_change" : "COMMIT");
     } catch (const ado::Error&) {
@@ -245,7 +306,6 @@ class SqliteProvider : public ado::Provider {
   }
 
   const tsql::TableInfo& current(const std::string& table) {
-    refresh();
     const tsql::TableInfo* info = catalog_.table(table);
     if (info == nullptr) refuse("There is no table '" + table + "'.", tsql::state::noSuchTable);
     return *info;
@@ -271,7 +331,7 @@ class SqliteProvider : public ado::Provider {
   DatabaseFile file_;
   StoredCatalog catalog_;
   tsql::Translator translator_;
-  std::unordered_map<std::string, std::shared_ptr<const tsql::Translation>> translations_;
+  Plans plans_;
   std::optional<std::int64_t> version_;  // None before the connection is told of the catalog's views.
   bool schemaTouched_ = false;
 };

@@ -44,24 +44,40 @@ std::vector<CatalogView> catalogViews() {
     return tsql::ColumnInfo{name, Type::varchar(longestName), true};
   };
   const auto numbered = [](const char* name) { return tsql::ColumnInfo{name, Type::of(Kind::Int), true}; };
+  const std::string keyName = std::string("('") + tsql::keyPrefix + "' || o.name)" + collated;
   // TABLE_TYPE as the standard words it.
-  return {{"INFORMATION_SCHEMA.TABLES",
-           {named("TABLE_SCHEMA"), named("TABLE_NAME"), named("TABLE_TYPE")},
-           "SELECT 'dbo'" + collated + ", name" + collated +
-               ", CASE kind WHEN 'table' THEN 'BASE TABLE' ELSE 'VIEW' END" + collated +
-               " FROM main.catalog_objects WHERE kind IN ('table', 'view')"},
-          {"sys.tables",
-           {named("name"), numbered("object_id")},
-           "SELECT o.name" + collated +
-               ", s.rootpage FROM main.catalog_objects o, main.sqlite_schema s"
-               " WHERE o.kind = 'table' AND s.type = 'table' AND s.name = o.name"},
-          {"sys.indexes",
-           {numbered("object_id"), named("name"), {"is_unique", Type::of(Kind::Bit), true}},
-           "SELECT t.rootpage, substr(i.name, length(t.name) + 2)" + collated +
-               ", i.sql LIKE 'CREATE UNIQUE %' FROM main.sqlite_schema i, main.sqlite_schema t"
-               " WHERE i.type = 'index' AND t.type = 'table' AND t.name = i.tbl_name AND i.sql IS NOT NULL"
-               " AND i.name NOT LIKE '%" +
-               std::string(tsql::nullIndexSuffix) + "'"}};
+  return {
+      {"INFORMATION_SCHEMA.TABLES",
+       {named("TABLE_SCHEMA"), named("TABLE_NAME"), named("TABLE_TYPE")},
+       "SELECT 'dbo'" + collated + ", name" + collated +
+           ", CASE kind WHEN 'table' THEN 'BASE TABLE' ELSE 'VIEW' END" + collated +
+           " FROM main.catalog_objects WHERE kind IN ('table', 'view')"},
+      {"sys.tables",
+       {named("name"), numbered("object_id")},
+       "SELECT o.name" + collated +
+           ", s.rootpage FROM main.catalog_objects o, main.sqlite_schema s"
+           " WHERE o.kind = 'table' AND s.type = 'table' AND s.name = o.name"},
+      {"INFORMATION_SCHEMA.COLUMNS",
+       {named("TABLE_NAME"), named("COLUMN_NAME"), numbered("ORDINAL_POSITION"), named("IS_NULLABLE")},
+       "SELECT o.name" + collated + ", c.name" + collated + ", c.ordinal + 1, iif(c.not_null, 'NO', 'YES')" +
+           collated + " FROM main.catalog_objects o, main.catalog_columns c WHERE c.object = o.key"},
+      {"INFORMATION_SCHEMA.KEY_COLUMN_USAGE",
+       {named("CONSTRAINT_NAME"), named("TABLE_NAME"), named("COLUMN_NAME"), numbered("ORDINAL_POSITION")},
+       "SELECT " + keyName + ", o.name" + collated + ", c.name" + collated +
+           ", c.key_position FROM main.catalog_objects o, main.catalog_columns c"
+           " WHERE c.object = o.key AND c.key_position > 0"},
+      {"sys.key_constraints",
+       {named("name"), numbered("parent_object_id"), named("type")},
+       "SELECT " + keyName + ", s.rootpage, 'PK'" + collated +
+           " FROM main.catalog_objects o, main.catalog_columns c, main.sqlite_schema s"
+           " WHERE c.object = o.key AND c.key_position = 1 AND s.type = 'table' AND s.name = o.name"},
+      {"sys.indexes",
+       {numbered("object_id"), named("name"), {"is_unique", Type::of(Kind::Bit), true}},
+       "SELECT t.rootpage, substr(i.name, length(t.name) + 2)" + collated +
+           ", i.sql LIKE 'CREATE UNIQUE %' FROM main.sqlite_schema i, main.sqlite_schema t"
+           " WHERE i.type = 'index' AND t.type = 'table' AND t.name = i.tbl_name AND i.sql IS NOT NULL"
+           " AND i.name NOT LIKE '%" +
+           std::string(tsql::nullIndexSuffix) + "'"}};
 }
 
 const char* kindName(tsql::ObjectKind kind) {
@@ -230,6 +246,15 @@ void StoredCatalog::loadObjects(DatabaseFile& file) {
     tables_[key].columns.push_back({text(*columns, 1), storedType(text(*columns, 2), key),
                                     number(*columns, 3) != 0, static_cast<int>(number(*columns, 4))});
   }
+  const auto indexes = file.prepare(
+      "SELECT lower(t.name), i.name FROM main.sqlite_schema t, pragma_index_list(t.name) l,"
+      " pragma_index_info(l.name) i WHERE t.type = 'table' AND l.partial = 0 AND i.seqno = 0 AND i.name IS NOT NULL");
+  while (indexes->step()) {
+    const auto table = tables_.find(text(*indexes, 0));
+    if (table == tables_.end()) continue;
+    for (tsql::ColumnInfo& column : table->second.columns)
+      column.leadsIndex = column.leadsIndex || tsql::sameWord(column.name, text(*indexes, 1));
+  }
   for (const auto& [key, table] : tables_)
     if (table.name.empty() || table.columns.empty()) damaged(key);
 }
@@ -237,6 +262,9 @@ void StoredCatalog::loadObjects(DatabaseFile& file) {
 void StoredCatalog::record(DatabaseFile& file, const tsql::SchemaChange& change) {
   recordObject(file, change);
   file.run("PRAGMA user_version = " + std::to_string(version(file) + 1));
+  // Views and procedures are rows to the database; the statements of other connections are to notice them
+  // too.
+  file.run("PRAGMA schema_version = " + std::to_string(file.number("PRAGMA schema_version") + 1));
   markFormat(file);
   sealCatalog(file);
 }

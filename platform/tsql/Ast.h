@@ -52,6 +52,9 @@ struct Expr {
   std::vector<ExprPtr> args;
   std::unique_ptr<Query> query;
   Cell literal;
+  /// Of a literal whose value may be another when the translation is used again: who looks at the value, for
+  /// more than its type, settles it first.
+  mutable std::optional<std::size_t> slot;
   Type type;
   bool negated = false;
   bool distinct = false;    ///< aggregate(distinct …)
@@ -66,7 +69,11 @@ struct Expr {
   int expansion = 1;          ///< Operations that a derived column stands for.
   bool aggregate = false;     ///< This call folds rows.
 
-  [[nodiscard]] bool isLiteral() const { return kind == ExprKind::Literal; }
+  /// A literal whose value is settled.
+  [[nodiscard]] bool isLiteral() const { return kind == ExprKind::Literal && !slot; }
+  [[nodiscard]] bool isBound() const { return kind == ExprKind::Literal && slot; }
+  /// From now on the value belongs to the statement.
+  void settle() const { slot.reset(); }
 };
 
 struct SelectItem {
@@ -127,6 +134,13 @@ struct Query {
   bool single = false;  ///< The query has at most one row, whatever the data; filled by the binder.
 };
 
+/// A bound literal that goes into a column.
+struct AssignedLiteral {
+  std::size_t slot = 0;
+  Type type;
+  std::string name;  ///< Of the column, for messages.
+};
+
 struct Insert {
   Position at;
   std::string table;
@@ -134,6 +148,7 @@ struct Insert {
   std::vector<Position> columnsAt;
   std::vector<std::vector<ExprPtr>> rows;
   std::unique_ptr<Query> query;
+  std::vector<AssignedLiteral> assigned;  ///< Filled by the binder.
 };
 
 struct Update {
@@ -175,6 +190,18 @@ struct AddColumn {
   Position at;
   std::string table;
   ColumnDefinition column;
+};
+
+struct AddKey {
+  Position at;
+  std::string table;
+  std::vector<std::string> columns;
+};
+
+struct DropConstraint {
+  Position at;
+  std::string table;
+  std::string name;
 };
 
 struct CreateIndex {
@@ -221,7 +248,7 @@ struct Call {
   std::vector<std::pair<std::string, ExprPtr>> arguments;  ///< Parameter name (or empty) and a literal.
 };
 
-using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, AddColumn, CreateIndex, CreateView,
-                               CreateProcedure, Drop, Call>;
+using Statement = std::variant<Query, Insert, Update, Delete, CreateTable, AddColumn, AddKey, DropConstraint,
+                               CreateIndex, CreateView, CreateProcedure, Drop, Call>;
 
 }  // namespace payslate::tsql

@@ -37,6 +37,8 @@ class Binder {
     std::string alias;
     std::string sql;  ///< Generated name.
     std::vector<OutputColumn> columns;
+    const TableInfo* table = nullptr;  ///< Null for a query.
+    bool mayBeMissing = false;         ///< On the side of an outer join that gives Nulls.
   };
   enum class Aggregates { Allowed, Forbidden };
   struct Scope {
@@ -79,6 +81,8 @@ class Binder {
   void bindDateArithmetic(ExprPtr& expr);
   void bindComparison(Expr& expr, Scope& scope);
   void bindIn(Expr& expr, Scope& scope);
+  void narrowList(Expr& in, const Scope& scope) const;
+  static bool isNeverNull(const Expr& column, const Scope& scope);
   void bindLike(ExprPtr& expr, Scope& scope);
   void bindCase(Expr& expr, Scope& scope);
   void bindConvert(ExprPtr& expr, Scope& scope);
@@ -113,6 +117,9 @@ class Binder {
 ExprPtr makeLiteral(Cell value, const Type& type, Position at);
 ExprPtr makeRuntime(std::string function, const Type& type, Position at);
 ExprPtr wholeLiteral(std::int64_t number, Position at);
+/// Another mention of a bound column.
+ExprPtr columnAgain(const Expr& column);
+ExprPtr makeComparison(ExprPtr left, const char* sign, ExprPtr right);
 /// Replaces a call whose arguments are literals by its result; one that fails, by a call that fails.
 void fold(ExprPtr& call);
 /// Converts to `type` unless the value is one already.

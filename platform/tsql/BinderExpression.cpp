@@ -15,9 +15,21 @@ Type nullAsInt(const Type& type) {
 
 // The type a literal counts as beside a decimal: 2 has one digit, not ten.
 Type operandType(const Expr& expr) {
-  if (!expr.isLiteral() || expr.type.kind != Kind::Int || isNull(expr.literal)) return expr.type;
+  if (expr.kind != ExprKind::Literal || expr.type.kind != Kind::Int || isNull(expr.literal)) return expr.type;
+  expr.settle();
   const auto digits = static_cast<int>(std::to_string(std::abs(std::get<std::int64_t>(expr.literal))).size());
   return Type::decimal(digits, 0);
+}
+
+// A range goes with such a comparison, from the values of its literals.
+bool picksRange(const Expr& expr) {
+  return expr.kind == ExprKind::Function &&
+         (expr.name == "year" || expr.name == "month" || expr.name == "left" || expr.name == "substring");
+}
+
+void settleAll(const Expr& expr) {
+  expr.settle();
+  for (const ExprPtr& arg : expr.args) settleAll(*arg);
 }
 
 void requireValue(const Expr& expr) {
@@ -210,6 +222,8 @@ void Binder::meet(std::vector<ExprPtr>& args, std::size_t first, std::size_t ste
 }
 
 void Binder::bindComparison(Expr& expr, Scope& scope) {
+  if (std::any_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return picksRange(*arg); }))
+    settleAll(expr);
   for (ExprPtr& arg : expr.args) bindValue(arg, scope);
   meet(expr.args, 0, 1);
   expr.type = Type::of(Kind::Predicate);
@@ -230,6 +244,7 @@ void Binder::bindIn(Expr& expr, Scope& scope) {
     const bool whole = column.isWhole() && type.kind == Kind::Decimal;
     convertColumn(*expr.query, 0, whole ? asDecimal(column) : type);
   }
+  narrowList(expr, scope);
 }
 
 void Binder::bindLike(ExprPtr& expr, Scope& scope) {
@@ -288,6 +303,7 @@ void Binder::bindConvert(ExprPtr& expr, Scope& scope) {
   int style = 0;
   if (expr->args.size() > 1) {
     const Expr& given = *expr->args[1];
+    given.settle();
     if (!given.isLiteral() || given.type.kind != Kind::Int || isNull(given.literal)) {
       throw SqlError(state::syntax, given.at, "The style of 'convert' must be a whole number.");
     }

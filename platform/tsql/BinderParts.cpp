@@ -49,6 +49,31 @@ ExprPtr wholeLiteral(std::int64_t number, Position at) {
   return makeLiteral(number, Type::of(Kind::BigInt), at);
 }
 
+ExprPtr columnAgain(const Expr& column) {
+  auto again = std::make_unique<Expr>();
+  again->kind = ExprKind::Column;
+  again->at = column.at;
+  again->name = column.name;
+  again->qualifier = column.qualifier;
+  again->type = column.type;
+  again->source = column.source;
+  again->sourceDepth = column.sourceDepth;
+  again->storedColumn = column.storedColumn;
+  again->expansion = column.expansion;
+  return again;
+}
+
+ExprPtr makeComparison(ExprPtr left, const char* sign, ExprPtr right) {
+  auto compare = std::make_unique<Expr>();
+  compare->kind = ExprKind::Compare;
+  compare->at = left->at;
+  compare->name = sign;
+  compare->type = Type::of(Kind::Predicate);
+  compare->args.push_back(std::move(left));
+  compare->args.push_back(std::move(right));
+  return compare;
+}
+
 void fold(ExprPtr& call) {
   const RuntimeFunction* function = findRuntimeFunction(call->name);
   if (function == nullptr || !function->constant) return;
@@ -112,6 +137,8 @@ bool isConstant(const Expr& expr) {
 bool sameExpression(const Expr& left, const Expr& right) {
   if (left.kind != right.kind || left.query || right.query || left.args.size() != right.args.size())
     return false;
+  left.settle();
+  right.settle();
   if (!sameWord(left.name, right.name) || left.source != right.source || left.literal != right.literal ||
       left.negated != right.negated || left.distinct != right.distinct ||
       left.hasOperand != right.hasOperand || left.hasElse != right.hasElse) {

@@ -178,6 +178,7 @@ void Binder::bindOrder(Query& query, Scope& scope) {
   const bool bound = query.cores.size() > 1 || core.distinct;
   for (OrderItem& item : query.order) {
     Expr& expr = *item.expr;
+    expr.settle();
     if (constantPosition(expr)) {
       const std::int64_t position = std::get<std::int64_t>(expr.literal);
       if (position < 1 || position > static_cast<std::int64_t>(query.columns.size())) {
@@ -247,7 +248,13 @@ void Binder::bindSource(TableRef& ref, Scope& scope) {
 void Binder::bindJoin(TableRef& ref, Scope& scope) {
   const std::size_t first = scope.sources.size();
   bindSource(*ref.left, scope);
+  const std::size_t second = scope.sources.size();
   bindSource(*ref.right, scope);
+  const bool all = ref.join == JoinKind::Full;
+  for (std::size_t i = first; i < scope.sources.size(); ++i) {
+    const bool given = i < second ? ref.join == JoinKind::Right : ref.join == JoinKind::Left;
+    if (all || given) scope.sources[i].mayBeMissing = true;
+  }
   if (!ref.on) return;
   Scope sides;
   sides.parent = scope.parent;
@@ -264,6 +271,7 @@ void Binder::bindTable(TableRef& ref, Scope& scope) {
     Source source;
     source.alias = ref.alias;
     source.sql = "t" + std::to_string(nextSource_++);
+    source.table = table;
     for (const ColumnInfo& column : table->columns)
       source.columns.push_back({column.name, column.type, true});
     ref.source = source.sql;

@@ -45,6 +45,7 @@ void Binder::assign(ExprPtr& value, const TableInfo& table, const ColumnInfo& co
     value->type = to;
     return;
   }
+  value->settle();
   if (value->isLiteral()) {
     value = makeLiteral(assignCell(value->literal, from, to, name), to, at);
     return;
@@ -97,6 +98,10 @@ void Binder::bind(Insert& insert) {
   for (std::vector<ExprPtr>& row : insert.rows) {
     checkCount(row.size());
     for (std::size_t i = 0; i < row.size(); ++i) {
+      if (row[i]->isBound()) {
+        insert.assigned.push_back({*row[i]->slot, targets[i]->type, table.name + "." + targets[i]->name});
+        continue;
+      }
       bindValue(row[i], none);
       assign(row[i], table, *targets[i]);
     }

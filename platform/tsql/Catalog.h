@@ -13,7 +13,8 @@ struct ColumnInfo {
   std::string name;
   Type type;
   bool notNull = false;
-  int keyPosition = 0;  ///< 1 for the first column of the primary key; 0 for none.
+  int keyPosition = 0;      ///< 1 for the first column of the primary key; 0 for none.
+  bool leadsIndex = false;  ///< An index over all rows begins with it, or the key does.
 };
 
 struct TableInfo {

@@ -11,10 +11,8 @@ namespace payslate::tsql {
 
 namespace {
 
-std::string written(const auto& part) {
-  Writer writer;
-  writer.write(part);
-  return std::move(writer.text);
+WrittenStatement taken(Writer& writer) {
+  return {std::move(writer.text), std::move(writer.bound)};
 }
 
 }  // namespace
@@ -52,41 +50,52 @@ std::string writtenLiteral(const Cell& value) {
 }
 
 std::string writtenExpression(const Expr& expr) {
-  return written(expr);
+  Writer writer;
+  writer.write(expr);
+  return std::move(writer.text);
 }
 
-std::string writtenQuery(const Query& query) {
-  return written(query);
+WrittenStatement writtenQuery(const Query& query) {
+  Writer writer;
+  writer.write(query);
+  return taken(writer);
 }
 
-std::string writtenInsert(const Insert& insert) {
-  std::string sql = "INSERT INTO " + quotedName(insert.table) + " (";
+WrittenStatement writtenInsert(const Insert& insert) {
+  Writer writer;
+  writer.text = "INSERT INTO " + quotedName(insert.table) + " (";
   for (std::size_t i = 0; i < insert.columns.size(); ++i)
-    sql += (i > 0 ? ", " : "") + quotedName(insert.columns[i]);
-  sql += ") ";
-  if (insert.query) return sql + writtenQuery(*insert.query);
+    writer.text += (i > 0 ? ", " : "") + quotedName(insert.columns[i]);
+  writer.text += ") ";
+  if (insert.query) writer.write(*insert.query);
   for (std::size_t row = 0; row < insert.rows.size(); ++row) {
-    sql += row == 0 ? "VALUES (" : ", (";
+    writer.text += row == 0 ? "VALUES (" : ", (";
     for (std::size_t i = 0; i < insert.rows[row].size(); ++i) {
-      sql += (i > 0 ? ", " : "") + writtenExpression(*insert.rows[row][i]);
+      if (i > 0) writer.text += ", ";
+      writer.write(*insert.rows[row][i]);
     }
-    sql += ")";
+    writer.text += ")";
   }
-  return sql;
+  return taken(writer);
 }
 
-std::string writtenUpdate(const Update& update) {
-  std::string sql = "UPDATE " + quotedName(update.table) + " SET ";
+WrittenStatement writtenUpdate(const Update& update) {
+  Writer writer;
+  writer.text = "UPDATE " + quotedName(update.table) + " SET ";
   for (std::size_t i = 0; i < update.assignments.size(); ++i) {
     const auto& [column, value] = update.assignments[i];
-    sql += (i > 0 ? ", " : "") + quotedName(column) + " = " + writtenExpression(*value);
+    writer.text += (i > 0 ? ", " : "") + quotedName(column) + " = ";
+    writer.write(*value);
   }
-  return update.where ? sql + " WHERE " + writtenExpression(*update.where) : sql;
+  writer.where(update.where);
+  return taken(writer);
 }
 
-std::string writtenDelete(const Delete& deletion) {
-  const std::string sql = "DELETE FROM " + quotedName(deletion.table);
-  return deletion.where ? sql + " WHERE " + writtenExpression(*deletion.where) : sql;
+WrittenStatement writtenDelete(const Delete& deletion) {
+  Writer writer;
+  writer.text = "DELETE FROM " + quotedName(deletion.table);
+  writer.where(deletion.where);
+  return taken(writer);
 }
 
 const char* collationOf(const Type& type) {

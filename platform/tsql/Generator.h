@@ -1,6 +1,7 @@
 // Writes a bound tree as a statement of the embedded database.
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "platform/tsql/Ast.h"
@@ -17,10 +18,16 @@ const char* collationOf(const Type& type);
 std::string quotedName(const std::string& name);
 std::string writtenLiteral(const Cell& value);
 std::string writtenExpression(const Expr& expr);
-std::string writtenQuery(const Query& query);
-std::string writtenInsert(const Insert& insert);
-std::string writtenUpdate(const Update& update);
-std::string writtenDelete(const Delete& deletion);
+
+struct WrittenStatement {
+  std::string sql;
+  std::set<std::size_t> bound;  ///< Slots of the literals that are parameters in it: slot 0 is ?1.
+};
+
+WrittenStatement writtenQuery(const Query& query);
+WrittenStatement writtenInsert(const Insert& insert);
+WrittenStatement writtenUpdate(const Update& update);
+WrittenStatement writtenDelete(const Delete& deletion);
 /// The column's storage class, with its collation.
 std::string storageOfColumn(const Type& type);
 

@@ -9,7 +9,10 @@ namespace {
 
 class StatementParser {
  public:
-  explicit StatementParser(std::string_view text) : tokens_(tokenize(text)), query_(tokens_) {}
+  StatementParser(std::string_view text, Literals literals)
+      : tokens_(tokenize(text)),
+        literals_(literals),
+        query_(tokens_, usesValues() ? literals : Literals::Settled) {}
 
   Statement run() {
     if (tokens_.peek().kind == TokenKind::End) throw SqlError(state::syntax, "The statement is empty.");
@@ -24,6 +27,11 @@ class StatementParser {
   }
 
  private:
+  // Whatever else there is looks at its literals at once.
+  [[nodiscard]] bool usesValues() const {
+    return tokens_.isWord("select") || tokens_.isWord("update") || tokens_.isWord("delete");
+  }
+
   Statement statement() {
     if (tokens_.isWord("select")) return query_.query();
     if (tokens_.isWord("insert")) return insert();
@@ -77,7 +85,12 @@ class StatementParser {
       tokens_.expectSign("(");
       do {
         if (tokens_.isWord("default")) tokens_.unsupported("'default' as a value");
+        // A literal alone is stored as it is; what counts is the column's type.
+        const bool alone = tokens_.isSign(",", 1) || tokens_.isSign(")", 1);
+        const std::optional<std::size_t> slot =
+            alone && literals_ == Literals::Bound ? tokens_.peek().slot : std::nullopt;
         row.push_back(query_.expression());
+        row.back()->slot = slot;
       } while (tokens_.acceptSign(","));
       tokens_.expectSign(")");
       result.rows.push_back(std::move(row));
@@ -161,17 +174,23 @@ class StatementParser {
     }
     if (tokens_.isWord("clustered") || tokens_.isWord("nonclustered")) tokens_.take();
     if (column.empty()) {
-      tokens_.expectSign("(");
-      do {
-        key.columns.push_back(tokens_.expectName("a column"));
-        if (!tokens_.acceptWord("asc") && tokens_.isWord("desc")) tokens_.unsupported("A descending key");
-      } while (tokens_.acceptSign(","));
-      tokens_.expectSign(")");
+      key.columns = keyColumns();
     } else {
       key.columns.push_back(column);
     }
     table.keys.push_back(std::move(key));
     return true;
+  }
+
+  std::vector<std::string> keyColumns() {
+    std::vector<std::string> columns;
+    tokens_.expectSign("(");
+    do {
+      columns.push_back(tokens_.expectName("a column"));
+      if (!tokens_.acceptWord("asc") && tokens_.isWord("desc")) tokens_.unsupported("A descending key");
+    } while (tokens_.acceptSign(","));
+    tokens_.expectSign(")");
+    return columns;
   }
 
   void checkConstraint(CreateTable& table) {
@@ -275,17 +294,26 @@ class StatementParser {
     return result;
   }
 
-  AddColumn alter() {
-    AddColumn result;
-    result.at = tokens_.take().at;
+  Statement alter() {
+    const Position at = tokens_.take().at;
     if (!tokens_.acceptWord("table")) tokens_.unsupported("'alter " + tokens_.peek().text + "'");
-    result.table = tokens_.expectObjectName("a table");
-    if (!tokens_.acceptWord("add")) tokens_.unsupported("'alter table … " + tokens_.peek().text + "'");
-    if (tokens_.isWord("constraint") || tokens_.isWord("primary") || tokens_.isWord("unique") ||
-        tokens_.isWord("check") || tokens_.isWord("foreign")) {
-      tokens_.unsupported("Adding a constraint");
+    std::string table = tokens_.expectObjectName("a table");
+    if (tokens_.acceptWord("drop")) {
+      if (!tokens_.acceptWord("constraint"))
+        tokens_.unsupported("'alter table … drop " + tokens_.peek().text + "'");
+      return DropConstraint{at, std::move(table), tokens_.expectName("a constraint name")};
     }
-    result.column = columnDefinition(nullptr);
+    if (!tokens_.acceptWord("add")) tokens_.unsupported("'alter table … " + tokens_.peek().text + "'");
+    if (tokens_.acceptWord("primary")) {
+      tokens_.expectWord("key");
+      if (tokens_.isWord("clustered") || tokens_.isWord("nonclustered")) tokens_.take();
+      return AddKey{at, std::move(table), keyColumns()};
+    }
+    if (tokens_.isWord("constraint") || tokens_.isWord("unique") || tokens_.isWord("check") ||
+        tokens_.isWord("foreign")) {
+      tokens_.unsupported("Adding a constraint other than 'primary key (…)'");
+    }
+    AddColumn result{at, std::move(table), columnDefinition(nullptr)};
     if (tokens_.isSign(",")) tokens_.unsupported("Adding several columns in one statement");
     return result;
   }
@@ -334,18 +362,19 @@ class StatementParser {
   }
 
   TokenStream tokens_;
+  Literals literals_;
   QueryParser query_;
 };
 
 }  // namespace
 
-Statement parseStatement(std::string_view text) {
-  return StatementParser(text).run();
+Statement parseStatement(std::string_view text, Literals literals) {
+  return StatementParser(text, literals).run();
 }
 
 Type parseType(std::string_view text) {
   TokenStream tokens(tokenize(text));
-  return QueryParser(tokens).type();
+  return QueryParser(tokens, Literals::Settled).type();
 }
 
 }  // namespace payslate::tsql

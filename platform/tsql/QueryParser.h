@@ -8,7 +8,7 @@ namespace payslate::tsql {
 
 class QueryParser {
  public:
-  explicit QueryParser(TokenStream& tokens) : tokens_(tokens) {}
+  QueryParser(TokenStream& tokens, Literals literals) : tokens_(tokens), literals_(literals) {}
 
   Query query();         ///< From "select" to the end of its order.
   ExprPtr expression();  ///< Values and conditions alike; the binder tells them apart.
@@ -55,8 +55,7 @@ class QueryParser {
   ExprPtr primary();
   ExprPtr wordExpression();
   bool isFunctionName() const;
-  ExprPtr textLiteral();
-  ExprPtr number();
+  ExprPtr literalToken();
   ExprPtr variable();
   ExprPtr parenthesized();
   ExprPtr exists();
@@ -72,6 +71,7 @@ class QueryParser {
   void adopt(Expr& parent, ExprPtr child) const;
 
   TokenStream& tokens_;
+  Literals literals_;
   int depth_ = 0;
 };
 

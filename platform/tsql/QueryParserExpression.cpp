@@ -1,13 +1,9 @@
 // Expressions: one ladder of precedence from "or" down to literals and names.
 #include <algorithm>
-#include <charconv>
-#include <cstdlib>
-#include <limits>
 
-#include "platform/basic/Decimal.h"
-#include "platform/basic/Error.h"
 #include "platform/tsql/Parser.h"
 #include "platform/tsql/QueryParser.h"
+#include "platform/tsql/Shape.h"
 #include "platform/tsql/TypeNames.h"
 
 namespace payslate::tsql {
@@ -168,11 +164,10 @@ ExprPtr QueryParser::unary() {
 ExprPtr QueryParser::primary() {
   switch (tokens_.peek().kind) {
     case TokenKind::Text:
-      return textLiteral();
     case TokenKind::WholeNumber:
     case TokenKind::DecimalNumber:
     case TokenKind::FloatNumber:
-      return number();
+      return literalToken();
     case TokenKind::Variable:
       return variable();
     case TokenKind::Sign:
@@ -202,16 +197,6 @@ ExprPtr QueryParser::wordExpression() {
 bool QueryParser::isFunctionName() const {
   return tokens_.isName() || tokens_.isWord("left") || tokens_.isWord("right") ||
          tokens_.isWord("coalesce") || tokens_.isWord("nullif");
-}
-
-ExprPtr QueryParser::textLiteral() {
-  const Token token = tokens_.take();
-  ExprPtr expr = node(ExprKind::Literal, token.at);
-  const auto isLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
-  const auto letters = std::count_if(token.text.begin(), token.text.end(), isLetter);
-  expr->type = Type::varchar(std::max(1, static_cast<int>(letters)));
-  expr->literal = token.text;
-  return expr;
 }
 
 ExprPtr QueryParser::variable() {
@@ -245,37 +230,14 @@ ExprPtr QueryParser::subquery(ExprKind kind, Position at) {
   return expr;
 }
 
-ExprPtr QueryParser::number() {
-  const Token token = tokens_.take();
+ExprPtr QueryParser::literalToken() {
+  const Token& token = tokens_.peek();
   ExprPtr expr = node(ExprKind::Literal, token.at);
-  if (token.kind == TokenKind::FloatNumber) {
-    const double value = std::strtod(token.text.c_str(), nullptr);
-    if (value > std::numeric_limits<double>::max()) {
-      throw SqlError(state::overflow, token.at, "The number " + token.text + " is too large.");
-    }
-    expr->type = Type::of(Kind::Float);
-    expr->literal = value;
-    return expr;
-  }
-  if (token.kind == TokenKind::WholeNumber) {
-    std::int32_t small = 0;
-    const auto [end, error] =
-        std::from_chars(token.text.data(), token.text.data() + token.text.size(), small);
-    if (error == std::errc()) {
-      expr->type = Type::of(Kind::Int);
-      expr->literal = static_cast<std::int64_t>(small);
-      return expr;
-    }
-  }
-  try {
-    std::string digits = token.text.back() == '.' ? token.text.substr(0, token.text.size() - 1) : token.text;
-    if (digits.front() == '.') digits.insert(0, "0");
-    const basic::Decimal value = basic::Decimal::parse(digits);
-    expr->type = Type::decimal(std::max({value.digits(), value.scale(), 1}), value.scale());
-    expr->literal = value.text();
-  } catch (const basic::ValueError&) {
-    throw SqlError(state::overflow, token.at, "The number " + token.text + " has too many digits.");
-  }
+  Literal literal = literalOf(token.kind, token.text, token.at);
+  expr->literal = std::move(literal.value);
+  expr->type = literal.type;
+  if (literals_ == Literals::Bound) expr->slot = token.slot;
+  tokens_.take();
   return expr;
 }
 

@@ -124,24 +124,7 @@ class Conjuncts {
 };
 
 ExprPtr comparison(const Expr& column, const char* sign, Cell value) {
-  auto again = std::make_unique<Expr>();
-  again->kind = ExprKind::Column;
-  again->at = column.at;
-  again->name = column.name;
-  again->qualifier = column.qualifier;
-  again->type = column.type;
-  again->source = column.source;
-  again->sourceDepth = column.sourceDepth;
-  again->storedColumn = true;
-  again->expansion = column.expansion;
-  auto compare = std::make_unique<Expr>();
-  compare->kind = ExprKind::Compare;
-  compare->at = column.at;
-  compare->name = sign;
-  compare->type = Type::of(Kind::Predicate);
-  compare->args.push_back(std::move(again));
-  compare->args.push_back(makeLiteral(std::move(value), column.type, column.at));
-  return compare;
+  return makeComparison(columnAgain(column), sign, makeLiteral(std::move(value), column.type, column.at));
 }
 
 }  // namespace

@@ -17,6 +17,73 @@ std::string listed(const std::vector<std::string>& names) {
   return list;
 }
 
+constexpr std::string_view keyStart = ", PRIMARY KEY (";
+constexpr std::string_view checkStart = ", CHECK (";
+// Keyed tables lie in the order of their key.
+constexpr const char* keyedTail = ") STRICT, WITHOUT ROWID";
+constexpr const char* plainTail = ") STRICT";
+
+std::string keyClause(const std::vector<std::string>& columns) {
+  return columns.empty() ? "" : std::string(keyStart) + listed(columns) + ")";
+}
+
+/// Where the parts of a table's definition lie in its text.
+struct TableParts {
+  std::size_t keyAt = std::string::npos;
+  std::size_t keyEnd = std::string::npos;
+  std::size_t firstCheck = std::string::npos;
+  std::size_t end = std::string::npos;  ///< Of the definition: its closing parenthesis.
+};
+
+// Names and texts may hold anything, between quotes that are doubled inside.
+TableParts partsOf(std::string_view sql) {
+  TableParts parts;
+  int depth = 0;
+  char quote = 0;
+  for (std::size_t at = 0; at < sql.size(); ++at) {
+    const char c = sql[at];
+    if (quote != 0) {
+      if (c == quote) quote = 0;
+    } else if (c == '"' || c == '\'') {
+      quote = c;
+    } else if (c == '(') {
+      ++depth;
+    } else if (c == ')' && --depth == 0) {
+      parts.end = at;
+      return parts;
+    } else if (c == ')' && depth == 1 && parts.keyAt < at && parts.keyEnd == std::string::npos) {
+      parts.keyEnd = at + 1;
+    } else if (c == ',' && depth == 1 && sql.substr(at).starts_with(keyStart)) {
+      parts.keyAt = at;
+    } else if (c == ',' && depth == 1 && sql.substr(at).starts_with(checkStart)) {
+      parts.firstCheck = std::min(parts.firstCheck, at);
+    }
+  }
+  return parts;
+}
+
+std::vector<std::string> keyOf(const TableInfo& table) {
+  std::vector<const ColumnInfo*> columns;
+  for (const ColumnInfo& column : table.columns)
+    if (column.keyPosition > 0) columns.push_back(&column);
+  std::sort(columns.begin(), columns.end(),
+            [](const auto* a, const auto* b) { return a->keyPosition < b->keyPosition; });
+  std::vector<std::string> names;
+  names.reserve(columns.size());
+  for (const ColumnInfo* column : columns) names.push_back(column->name);
+  return names;
+}
+
+Translation rekeyed(TableInfo table) {
+  Translation result;
+  SchemaChange change;
+  change.action = SchemaChange::Action::Rekey;
+  change.name = table.name;
+  change.table = std::move(table);
+  result.change = std::move(change);
+  return result;
+}
+
 std::string writtenColumn(ColumnDefinition& column, const std::string& table, const Catalog& catalog) {
   std::string sql = quotedName(column.name) + " " + storageOfColumn(column.type);
   if (column.notNull) sql += " NOT NULL";
@@ -107,7 +174,7 @@ Translation translateTable(CreateTable& table, const Catalog& catalog) {
   std::vector<std::string> indexes;
   for (const KeyDefinition& key : table.keys) {
     if (key.primary) {
-      sql += ", PRIMARY KEY (" + listed(key.columns) + ")";
+      sql += keyClause(key.columns);
       keyed = true;
       continue;
     }
@@ -119,10 +186,9 @@ Translation translateTable(CreateTable& table, const Catalog& catalog) {
   }
   for (ExprPtr& check : table.checks) {
     Binder(catalog).bindRowCondition(check, change.table);
-    sql += ", CHECK (" + writtenExpression(*check) + ")";
+    sql += std::string(checkStart) + writtenExpression(*check) + ")";
   }
-  // Keyed tables lie in the order of their key.
-  sql += keyed ? ") STRICT, WITHOUT ROWID" : ") STRICT";
+  sql += keyed ? keyedTail : plainTail;
   result.sql.push_back(std::move(sql));
   for (std::string& index : indexes) result.sql.push_back(std::move(index));
   result.change = std::move(change);
@@ -149,6 +215,44 @@ Translation translateColumn(AddColumn& addition, const Catalog& catalog) {
   change.table.columns.push_back({column.name, column.type, column.notNull, 0});
   result.change = std::move(change);
   return result;
+}
+
+Translation translateKey(AddKey& addition, const Catalog& catalog) {
+  TableInfo table = Binder(catalog).requireTable(addition.table, addition.at);
+  const auto refuse = [&](const std::string& why) -> SqlError { return {state::syntax, addition.at, why}; };
+  if (!keyOf(table).empty()) throw refuse("The table '" + table.name + "' has a primary key already.");
+  int position = 0;
+  for (const std::string& name : addition.columns) {
+    const auto index =
+        static_cast<std::size_t>(&Binder::requireColumn(table, name, addition.at) - table.columns.data());
+    ColumnInfo& column = table.columns[index];
+    if (!column.notNull)
+      throw refuse("The column '" + column.name + "' allows Null, and a primary key does not.");
+    if (column.keyPosition > 0) throw refuse("The key names the column '" + column.name + "' twice.");
+    column.keyPosition = ++position;
+  }
+  return rekeyed(std::move(table));
+}
+
+Translation translateConstraint(const DropConstraint& drop, const Catalog& catalog) {
+  TableInfo table = Binder(catalog).requireTable(drop.table, drop.at);
+  if (keyOf(table).empty() || !sameWord(drop.name, keyPrefix + table.name)) {
+    throw SqlError(state::syntax, drop.at,
+                   "The table '" + table.name + "' has no primary key '" + drop.name +
+                       "', and other constraints cannot be dropped.");
+  }
+  for (ColumnInfo& column : table.columns) column.keyPosition = 0;
+  return rekeyed(std::move(table));
+}
+
+std::string withKeyOf(std::string createStatement, const TableInfo& table) {
+  const TableParts old = partsOf(createStatement);
+  if (old.end == std::string::npos) return {};
+  const bool wasKeyed = old.keyAt != std::string::npos;
+  const std::string key = keyClause(keyOf(table));
+  createStatement.replace(old.end, std::string::npos, key.empty() ? plainTail : keyedTail);
+  if (wasKeyed) return createStatement.replace(old.keyAt, old.keyEnd - old.keyAt, key);
+  return createStatement.insert(std::min(old.firstCheck, old.end), key);
 }
 
 Translation translateIndex(CreateIndex& index, const Catalog& catalog) {

@@ -7,7 +7,6 @@
 #include "platform/tsql/Binder.h"
 #include "platform/tsql/Convert.h"
 #include "platform/tsql/Generator.h"
-#include "platform/tsql/Parser.h"
 #include "platform/tsql/Schema.h"
 #include "platform/tsql/TokenStream.h"
 
@@ -43,36 +42,41 @@ Cell literalValue(const Expr& expr, const Type& to) {
       expr.name == "-" ? compute('-', std::int64_t{0}, operand.literal, type) : operand.literal, type, to);
 }
 
-Translation writing(std::string sql) {
+Translation translationOf(WrittenStatement written) {
   Translation result;
-  result.sql.push_back(std::move(sql));
+  result.sql.push_back(std::move(written.sql));
+  result.slots = std::move(written.bound);
   return result;
 }
 
 }  // namespace
 
-Translation Translator::translate(std::string_view text) {
-  Statement statement = parseStatement(text);
+Translation Translator::translate(std::string_view text, Literals literals) {
+  Statement statement = parseStatement(text, literals);
   Binder binder(catalog_);
   return std::visit(Overloaded{
                         [&](Query& query) { return this->query(query); },
                         [&](Insert& insert) {
                           binder.bind(insert);
-                          return writing(writtenInsert(insert));
+                          Translation result = translationOf(writtenInsert(insert));
+                          result.assigned = std::move(insert.assigned);
+                          return result;
                         },
                         [&](Update& update) {
                           binder.bind(update);
-                          return writing(writtenUpdate(update));
+                          return translationOf(writtenUpdate(update));
                         },
                         [&](Delete& deletion) {
                           binder.bind(deletion);
-                          return writing(writtenDelete(deletion));
+                          return translationOf(writtenDelete(deletion));
                         },
                         [&](CreateTable& table) {
                           requireFreeName(table.name, table.at);
                           return translateTable(table, catalog_);
                         },
                         [&](AddColumn& addition) { return translateColumn(addition, catalog_); },
+                        [&](AddKey& key) { return translateKey(key, catalog_); },
+                        [&](DropConstraint& drop) { return translateConstraint(drop, catalog_); },
                         [&](CreateIndex& index) { return translateIndex(index, catalog_); },
                         [&](CreateView& view) { return create(view, text); },
                         [&](CreateProcedure& procedure) { return create(procedure, text); },
@@ -83,14 +87,13 @@ Translation Translator::translate(std::string_view text) {
 }
 
 Translation Translator::query(Query& query) const {
-  Translation result;
   const std::optional<std::string> table = soleTable(query);
   Binder(catalog_).bind(query);
+  Translation result = translationOf(writtenQuery(query));
   if (table) {
     if (const TableInfo* info = catalog_.table(*table)) result.baseTable = info->name;
   }
   result.returnsRows = true;
-  result.sql.push_back(writtenQuery(query));
   result.columns = query.columns;
   for (OutputColumn& column : result.columns) {
     if (column.type.isNull()) column.type = Type::of(Kind::Int);
@@ -180,7 +183,7 @@ const Translator::Procedure& Translator::procedure(const Call& call) {
   } catch (const SqlError& error) {  // Its positions are those of another text.
     throw SqlError(error.sqlState(), call.at, "In the procedure '" + call.name + "': " + error.what());
   }
-  procedure.sql = writtenQuery(*procedure.definition.query);
+  procedure.sql = writtenQuery(*procedure.definition.query).sql;
   return procedures_.emplace(name, std::move(procedure)).first->second;
 }
 

@@ -1,6 +1,7 @@
 // Writes bound expressions and queries, piece by piece, for the generator.
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "platform/tsql/Ast.h"
@@ -10,9 +11,11 @@ namespace payslate::tsql {
 class Writer {
  public:
   std::string text;
+  std::set<std::size_t> bound;  ///< Slots of the literals that stand in the text as parameters.
 
   void write(const Expr& expr);
   void write(const Query& query);
+  void where(const ExprPtr& condition);  ///< Nothing for none.
 
  private:
   // Expressions

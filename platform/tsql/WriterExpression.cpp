@@ -61,7 +61,12 @@ void Writer::write(const Expr& expr) {
 }
 
 void Writer::literal(const Expr& expr) {
-  text += writtenLiteral(expr.literal);
+  if (!expr.slot) {
+    text += writtenLiteral(expr.literal);
+    return;
+  }
+  bound.insert(*expr.slot);
+  text += "?" + std::to_string(*expr.slot + 1);
 }
 
 void Writer::column(const Expr& expr) {
@@ -78,7 +83,8 @@ void Writer::comparison(const Expr& expr) {
   compared(*expr.args[0]);
   text += " " + expr.name + " ";
   const Expr& right = *expr.args[1];
-  right.isLiteral() ? keyed(right) : write(right);  // Comparisons between "or" may become a list.
+  right.kind == ExprKind::Literal ? keyed(right)
+                                  : write(right);  // Comparisons between "or" may become a list.
   text += ")";
 }
 
@@ -250,6 +256,7 @@ void Writer::compared(const Expr& expr) {
 // than a blank: of the two that there are, one is not let in.
 void Writer::keyed(const Expr& expr) {
   if (!expr.type.isText()) return write(expr);
+  if (expr.isBound()) return write(expr);  // It is no blank.
   if (expr.isLiteral()) {
     text += expr.literal == Cell(" ") ? "''" : writtenLiteral(expr.literal);
     return;

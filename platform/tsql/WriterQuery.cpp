@@ -40,7 +40,7 @@ void Writer::write(const SelectCore& core, bool distinct) {
   text += core.distinct ? "SELECT DISTINCT " : "SELECT ";
   items(core, distinct);
   from(core);
-  if (core.where) clause(" WHERE ", *core.where);
+  where(core.where);
   for (std::size_t i = 0; i < core.groupBy.size(); ++i) {
     text += i == 0 ? " GROUP BY " : ", ";
     compared(*core.groupBy[i]);
@@ -74,6 +74,10 @@ void Writer::from(const SelectCore& core) {
     write(*core.from[i]);
     if (grouped) text += ")";
   }
+}
+
+void Writer::where(const ExprPtr& condition) {
+  if (condition) clause(" WHERE ", *condition);
 }
 
 void Writer::clause(const char* word, const Expr& condition) {

@@ -109,24 +109,37 @@ class Upgrade : public testing::Test {
   fs::path folder_;
 };
 
+// From before there were versions, and by way of version 1. The definitions name the keys' columns in their
+// order.
 TEST_F(Upgrade, EndsInThePresentSchemaWithEveryRow) {
+  fs::copy_file(path(), path("first.db"));
+  {
+    ado::Connection connection;
+    connection.Open(path("first.db"));
+    schema::upgradeBy({schema::steps().front()}, connection);
+  }
+  EXPECT_NE(call({"upgrade", "--connect", path("first.db")}).find("from schema version 1 to 2.\n"),
+            std::string::npos);
   fs::copy_file(path(), path("as-it-was.db"));
   EXPECT_EQ(entered("as-it-was.db").front(), '0') << entered("as-it-was.db");
   run({"drop index uxMonthlyEntryLive on pempmonthlyentryheader",
        "drop index uxFacilityDetailTracking on pempfacilitydeductiondetail"});
   Dump before = dumped(path());
   const std::string told = upgrade();
-  EXPECT_NE(told.find("is upgraded from schema version 0 to 1.\n"), std::string::npos) << told;
+  EXPECT_NE(told.find("is upgraded from schema version 0 to 2.\n"), std::string::npos) << told;
   Dump after = dumped(path());
   Dump expected = fresh();
   for (const char* own : {"", "catalog_objects", "catalog_columns", "linkTable", "pSchemaVersion"})
     EXPECT_EQ(after[own], expected[own]) << own;
+  Dump first = dumped(path("first.db"));
+  first["catalog_seal"] = after["catalog_seal"];  // Counts the changes.
+  EXPECT_TRUE(first == after);
   for (const auto& [table, rows] : before) {
     if (expected[table].empty()) {
       EXPECT_EQ(after[table], rows) << table;
     }
   }
-  EXPECT_EQ(upgrade().find("0 The database " + path() + " has schema version 1 already"), 0U);
+  EXPECT_EQ(upgrade().find("0 The database " + path() + " has schema version 2 already"), 0U);
   EXPECT_EQ(dumped(path()), after);
   EXPECT_EQ(entered("old.db").front(), '0');
   EXPECT_EQ(dumped(path())["pempmonthlyentryheader"].size(), before["pempmonthlyentryheader"].size() + 1);
@@ -162,6 +175,16 @@ TEST_F(Upgrade, IsForbiddenByRowsThatAreThereTwice) {
         "update linkTable set linktablename = 'v_recoveries' where tablename = 'pempfacilitydeductiondetail'"},
        "uxFacilityDetailTracking cannot be made on v_recoveries: it is no table of this database.\n",
        "update linkTable set linktablename = 't_recoveries' where tablename = 'pempfacilitydeductiondetail'"},
+      {{"create table t_loans (liID int, liEmpID int, liCompanyID smallint)",
+        "update linkTable set linktablename = 't_loans' where tablename = 'pLoansIssue'"},
+       "The primary key (liID, liCompanyID) cannot be made on t_loans: the column liID allows Null, the column "
+       "liCompanyID allows Null.\n",
+       "drop table t_loans"},
+      {{"create table t_loans (liID int not null, liEmpID int, LICOMPANYID smallint not null)",
+        "insert into t_loans values (5, 1, 1), (5, 2, 1), (5, 2, 2)"},
+       "The primary key (liID, liCompanyID) cannot be made on t_loans: 1 key is there more than once: liID 5, "
+       "liCompanyID 1 (2 rows).\n",
+       "delete from t_loans where liEmpID = 1"},
   };
   for (const auto& one : cases) {
     run(one.statements);
@@ -180,6 +203,9 @@ TEST_F(Upgrade, IsForbiddenByRowsThatAreThereTwice) {
   EXPECT_EQ(value("select t.name from sys.tables t, sys.indexes i where i.object_id = t.object_id"
                   " and i.name = 'uxFacilityDetailTracking' and t.name like 't%'"),
             "t_recoveries");
+  EXPECT_EQ(value("select max(COLUMN_NAME) + min(COLUMN_NAME) from INFORMATION_SCHEMA.KEY_COLUMN_USAGE"
+                  " where TABLE_NAME = 't_loans'"),
+            "liIDLICOMPANYID");
 }
 
 TEST_F(Upgrade, KeepsAJournalThatIsThere) {
@@ -195,10 +221,13 @@ TEST_F(Upgrade, KeepsAJournalThatIsThere) {
 TEST_F(Upgrade, IsWholeOrNothing) {
   run({"drop index uxMonthlyEntryNumber on pempmonthlyentryheader"});
   std::vector<schema::Step> steps = schema::steps();
-  steps.push_back(
-      {2, {}, {}, {"create index ixNew on {pLoansIssue} (liLoanID)", "update {pusers} set username = 'x'"}});
-  steps.push_back(
-      {3, {{schema::NewTable::Name::Fixed, "pNew", "n int"}}, {}, {"insert into pNew values (5)"}});
+  const int next = schema::presentVersion() + 1;
+  steps.push_back({.version = next,
+                   .statements = {"create index ixNew on {pLoansIssue} (liLoanID)",
+                                  "update {pusers} set username = 'x'"}});
+  steps.push_back({.version = next + 1,
+                   .tables = {{schema::NewTable::Name::Fixed, "pNew", "n int"}},
+                   .statements = {"insert into pNew values (5)"}});
   const Dump before = dumped(path());
   int failing = 0;
   for (bool failed = true; failed;) {
@@ -218,7 +247,7 @@ TEST_F(Upgrade, IsWholeOrNothing) {
     }
   }
   EXPECT_GT(failing, 20);
-  EXPECT_EQ(value("select svVersion + n from pSchemaVersion, pNew"), "8");
+  EXPECT_EQ(value("select svVersion + n from pSchemaVersion, pNew"), std::to_string(next + 1 + 5));
   EXPECT_EQ(value("select count(*) from sys.indexes where name in ('uxMonthlyEntryNumber', 'ixNew')"), "2");
 
   std::ofstream(path("any.errand")) << "sql delete from pusers\n";
@@ -234,7 +263,7 @@ TEST_F(Upgrade, IsWholeOrNothing) {
     words.push_back(path());
     const std::string told = call(words);
     EXPECT_EQ(told, "2 payroll-host: The database " + path() +
-                        " has schema version 3, and this program knows none after 1: use a newer program.\n")
+                        " has schema version 4, and this program knows none after 2: use a newer program.\n")
         << words.front();
   }
   EXPECT_EQ(dumped(path()), later);

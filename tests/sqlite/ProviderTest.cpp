@@ -106,6 +106,40 @@ TEST_F(Files, TwoConnectionsSeeOneCatalog) {
   EXPECT_EQ(stateOf([&] { two->execute("p 1"); }).substr(0, 5), "42000");
 }
 
+// What was translated and prepared before serves again, by the catalog as it is then.
+TEST_F(Files, WhatOthersChangeIsNoticedByStatementsThatAreKept) {
+  const auto one = open(path() + ";Create=True");
+  const auto two = open(path());
+  one->execute("create table t (a int not null primary key, b varchar(5))");
+  one->execute("create view v as select a from t");
+  const auto use = [&](const std::string& value) {
+    two->insert("t", {{"a", std::int64_t{7}}, {"b", value}});
+    two->update("t", {{"a", std::int64_t{7}}}, {{"b", value}});
+    const std::string read = first(*two, "select max(b) from t where a = 7") + first(*two, "select a from v");
+    two->execute("update t set b = b + '!' where a = 7");
+    two->execute("delete from t where a = 7");
+    return read;
+  };
+  EXPECT_EQ(use("four"), "four7");
+  EXPECT_EQ(stateOf([&] { use("too long"); }).substr(0, 5), "22001");
+  const auto waiting = two->execute("select b from t");
+  const auto outdated = two->execute("select * from t");
+  one->execute("drop view v");
+  one->execute("drop table t");
+  one->execute("create table t (b varchar(20), a int not null primary key, c int)");
+  one->execute("create view v as select a + 1 a from t");
+  one->execute("insert into t values ('x', 1, 2)");
+  ASSERT_TRUE(waiting->next());
+  EXPECT_EQ(basic::textOf(waiting->value(0)), "x");
+  EXPECT_FALSE(waiting->next());  // Until then this connection looks at the past.
+  EXPECT_EQ(stateOf([&] { outdated->next(); }).substr(0, 5), "40001");
+  EXPECT_EQ(use("now longer"), "now longer2");
+  one->execute("drop view v");
+  EXPECT_EQ(stateOf([&] { first(*two, "select a from v"); }).substr(0, 5), "42S02");
+  one->execute("create view v as select 9 a");
+  EXPECT_EQ(first(*two, "select a from v"), "9");
+}
+
 TEST_F(Files, ADamagedCatalogIsTold) {
   const std::pair<const char*, const char*> damages[] = {
       {"UPDATE catalog_columns SET type = 'zork' WHERE name = 'a'", "its catalog at 't'"},
@@ -403,6 +437,87 @@ TEST(Provider, TablesGuardTheirColumns) {
     EXPECT_EQ(stateOf([&] { provider->execute(text); }).substr(0, 5), state) << text;
   }
   EXPECT_EQ(first(*provider, "select sum(a * d + c) from t"), "88.6");
+}
+
+// Definitions and rows, before and behind; words of definitions stand in names, defaults and checks too.
+TEST_F(Files, AKeyIsChangedAroundEverythingElse) {
+  const auto provider = open(path() + ";Create=True");
+  provider->execute(
+      "create table [k')] (a int not null, b varchar(40) not null default ', PRIMARY KEY (\"b\"))',"
+      " c decimal(9,2), \", CHECK (\" datetime, primary key (a, b), unique (c), check (b <> ', CHECK (' and a > 0))");
+  for (const char* statement :
+       {"alter table [k')] add e float default 2.5", "create index i on [k')] (c desc, a)",
+        "create unique index u on [k')] (e) where a > 6", "create view v as select a, c from [k')]",
+        "insert into [k')] (a, c) values (7, '12.30'), (2, null), (1, 4)"})
+    provider->execute(statement);
+  const auto contents = [this] {
+    sqlite::DatabaseFile file({.path = path()});
+    std::string all;
+    for (
+        const char* query :
+        {"SELECT sql FROM sqlite_schema WHERE sql NOT NULL AND name NOT LIKE 'catalog%' ORDER BY name",
+         "SELECT quote(a) || quote(b) || quote(c) || quote(e) FROM \"k')\" ORDER BY a",
+         "SELECT object || ordinal || name || type || not_null || key_position FROM catalog_columns ORDER BY 1",
+         "SELECT key || kind || name FROM catalog_objects ORDER BY 1"})
+      for (const auto rows = file.prepare(query); rows->step();)
+        all += std::get<std::string>(rows->column(0)) + '\n';
+    return all;
+  };
+  const std::string before = contents();
+  const std::string table = "alter table dbo.[k')] ";
+  const struct {
+    std::string change;
+    const char* said;  // or begins with
+    std::vector<std::string> key;
+  } steps[] = {
+      {"drop constraint pk_zork",
+       "42000 Line 1, column 1: The table 'k')' has no primary key 'pk_zork'",
+       {"a", "b"}},
+      {"drop constraint unique1", "42000", {"a", "b"}},
+      {"drop column c", "42000", {"a", "b"}},
+      {"add constraint x primary key (a)", "42000", {"a", "b"}},
+      {"add primary key (b)",
+       "42000 Line 1, column 1: The table 'k')' has a primary key already",
+       {"a", "b"}},
+      {"drop constraint [pk_k')]", "no error", {}},
+      {"drop constraint [PK_k')]", "42000", {}},
+      {"add primary key (b)", "23000 There is a row with the same values already (k').b)", {}},
+      {"add primary key (c)", "42000 Line 1, column 1: The column 'c' allows Null", {}},
+      {"add primary key (a, A)", "42000 Line 1, column 1: The key names the column 'a' twice", {}},
+      {"add primary key (z)", "42S22", {}},
+      {"add primary key clustered (B, a)", "no error", {"b", "a"}},
+      {"drop constraint [PK_k')]", "no error", {}},
+      {"add primary key (a, b)", "no error", {"a", "b"}},
+  };
+  for (const bool inside : {false, true}) {
+    for (const auto& step : steps) {
+      if (inside) provider->begin();
+      const std::string was = contents();
+      const std::string said = stateOf([&] { provider->execute(table + step.change); });
+      EXPECT_EQ(said.substr(0, std::string(step.said).size()), step.said) << step.change;
+      EXPECT_EQ(provider->key("k')"), step.key) << step.change;
+      EXPECT_EQ(first(*provider, "select count(*) from sys.key_constraints where type = 'PK'"),
+                step.key.empty() ? "0" : "1");
+      EXPECT_EQ(first(*provider, "select sum(c) from v"), "16.3");
+      if (inside) provider->commit();
+      if (said != "no error") {
+        EXPECT_EQ(contents(), was) << step.change;
+      }
+      EXPECT_EQ(first(*open(path()), "select max(e) from [k')]"), "2.5");
+    }
+    EXPECT_EQ(contents(), before);
+  }
+  provider->begin();
+  provider->execute(table + "drop constraint [PK_k')]");
+  provider->rollback();
+  EXPECT_EQ(contents(), before);
+  const auto inserted = [&](const std::string& row) {
+    return stateOf([&] { provider->execute("insert into [k')] (a, b, c) values " + row); }).substr(0, 5);
+  };
+  for (const char* row :
+       {"(0, 'y', 9)", "(5, ', CHECK (', 9)", "(5, 'y', null)", "(5, 'y', 4.0)", "(8, 'y', 9)"})
+    EXPECT_EQ(inserted(row), "23000") << row;
+  EXPECT_EQ(inserted("(5, 'y', 9)"), "no er");
 }
 
 TEST(Provider, ProceduresTakeTheirArgumentsInEveryForm) {

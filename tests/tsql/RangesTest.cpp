@@ -1,5 +1,5 @@
-// Ranges beside conditions over year, month, left and substring: they leave out no row, and indexes serve
-// them.
+// Ranges beside conditions over year, month, left and substring, and lists of what is not in a table: no row
+// is left out, and indexes serve them.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -118,7 +118,7 @@ class Plans : public testing::Test {
     std::filesystem::remove(path_);
     const auto provider = sqlite::providerEntry().open(path_ + ";Create=True");
     provider->execute(
-        "create table header (id int not null primary key, company int, emp int, no varchar(30), d datetime)");
+        "create table header (id int not null primary key, company int, emp int not null, no varchar(30), d datetime)");
     provider->execute(
         "create table emp (id int not null primary key, company int, name varchar(30), joined datetime)");
     provider->execute("create index ixNo on header (company, no)");
@@ -162,12 +162,47 @@ TEST_F(Plans, LookOnlyAtTheRange) {
   };
   for (const auto& [statement, range] : statements)
     EXPECT_NE(plan(statement).find(range), std::string::npos) << statement << "\n" << plan(statement);
+  const std::string notIn = "select name from emp where id not in (select emp from header where company = 1)";
+  EXPECT_NE(plan(notIn).find("(emp=?)"), std::string::npos) << plan(notIn);
   for (
       const std::string& condition : parts(
           "left(no, 2) = '';left(no, 0) = 'EN';substring(no, 2, 2) = 'EN';left(no + '', 2) = 'EN';month(d) = 4;"
           "year(d) = 1752;year(d) = null;(year(d) = 2006 or month(d) = 4);not (year(d) = 2006)")) {
     const std::string text = plan("select id from header where company = 1 and " + condition);
     EXPECT_EQ(text.find('>'), std::string::npos) << condition << "\n" << text;
+  }
+}
+
+// Whoever is sought in a list is looked for in its index; what could be Null on either side changes the
+// answer.
+TEST(Lists, AreNarrowedOnlyWhereTheAnswerStays) {
+  const auto provider = sqlite::providerEntry().open(":memory:");
+  provider->execute("create table people (id int not null primary key, boss int, chief int not null)");
+  provider->execute("create table taken (no int not null, part int, company int, primary key (no))");
+  provider->execute("create index ixPart on taken (part)");
+  provider->execute("insert into people values (1, null, 2), (2, 1, 3), (3, 9, 4), (4, 2, 1)");
+  provider->execute("insert into taken values (1, 1, 1), (3, null, 1), (4, 4, 2), (7, 3, 3)");
+  const std::vector<std::string> lists = parts(
+      "select no from taken where company = 1;select distinct no from taken where 1 = company and no = 3;"
+      "select no from taken where company = 5;select part from taken where company = 1;"
+      "select part from taken where company = 2;select no from taken where company = chief;"
+      "select no from taken t where t.company = 1 and t.part = t.no");
+  const auto joined = [&](const std::string& list, const std::string& wanted) {
+    std::string found;
+    const auto rows =
+        provider->execute("select p.id from people p left join people b on b.id = p.boss where " + wanted +
+                          " not in (" + replaced(list, "= chief", "= p.chief") + ")");
+    while (rows->next()) found += basic::textOf(rows->value(0)) + " ";
+    return found;
+  };
+  for (const std::string& list : lists) {
+    for (const std::string& column : parts("id;boss;chief")) {
+      expectSame(*provider, "people", "T not in (" + list + ")", column, column + " + 0");
+      expectSame(*provider, "people", "not (T not in (" + list + "))", column, column + " + 0");
+      for (const std::string& side : parts("p.;b."))
+        EXPECT_EQ(joined(list, side + column), joined(list, side + column + " + 0"))
+            << side << column << list;
+    }
   }
 }
 

@@ -45,6 +45,9 @@ sql drop table pSchemaVersion
 sql drop table pEntryJournal
 sql delete from linkTable where tablename = 'pEntryJournal'
 sql drop index uxMonthlyEntryNumber on pempmonthlyentryheader
+sql alter table pLoansIssue drop constraint PK_pLoansIssue
+sql alter table pLoansIssue add primary key (liCompanyID, liID)
+sql alter table popeningsavings drop constraint PK_popeningsavings
 sql update pempmonthlyentryheader set emhNo = 'EN1' where emhCompanyID = 1 and emhID < 5
 END
 step "$build/host/payroll-host" errand "$statements" --connect "$PAYSLATE_ODBC_TSQL"
@@ -54,6 +57,6 @@ grep -q 'uxMonthlyEntryNumber .* more than once: emhCompanyID 1, emhNo EN1 (4 ro
 echo "sql update pempmonthlyentryheader set emhNo = null where emhNo = 'EN1'" >"$statements"
 step "$build/host/payroll-host" errand "$statements" --connect "$PAYSLATE_ODBC_TSQL"
 upgrade || { cat "$log"; exit 1; }
-[ "$(grep -c '^Made: the \(table p\|unique index uxMonthlyEntryNumber\)' "$log")" -eq 3 ] || { cat "$log"; exit 1; }
+[ "$(grep -c '^Made: the \(table p\|unique index uxMonthlyEntryNumber\|primary key (\)' "$log")" -eq 5 ] || { cat "$log"; exit 1; }
 upgrade
 grep -q 'already: there is nothing to do' "$log"
