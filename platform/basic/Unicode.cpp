@@ -68,6 +68,17 @@ FirstCharacter firstCharacter(std::string_view text) {
   return {invalidByteBase + lead, 1};
 }
 
+namespace {
+
+constexpr unsigned firstNotAscii = 0x80;
+
+// Most characters are ASCII.
+std::size_t bytesAt(std::string_view text, std::size_t at) {
+  return static_cast<unsigned char>(text[at]) < firstNotAscii ? 1 : firstCharacter(text.substr(at)).bytes;
+}
+
+}  // namespace
+
 std::u32string characters(std::string_view text) {
   std::u32string result;
   result.reserve(text.size());
@@ -87,12 +98,18 @@ std::string encoded(std::u32string_view characters) {
 }
 
 std::size_t characterCount(std::string_view text) {
+  unsigned bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  if (bits < firstNotAscii) return text.size();
   std::size_t count = 0;
-  while (!text.empty()) {
-    text.remove_prefix(firstCharacter(text).bytes);
-    ++count;
-  }
+  for (std::size_t at = 0; at < text.size(); ++count) at += bytesAt(text, at);
   return count;
+}
+
+std::size_t bytesOf(std::string_view text, std::size_t count) {
+  std::size_t at = 0;
+  for (; at < text.size() && count > 0; --count) at += bytesAt(text, at);
+  return at;
 }
 
 char32_t lowerCharacter(char32_t c) {

@@ -20,6 +20,8 @@ std::u32string characters(std::string_view text);
 /// Half a character, or a number beyond all characters, is written as U+FFFD.
 std::string encoded(std::u32string_view characters);
 std::size_t characterCount(std::string_view text);
+/// How many bytes the first `count` characters take; all of them where there are fewer.
+std::size_t bytesOf(std::string_view text, std::size_t count);
 
 /// Latin, Greek and Cyrillic letters; any other character stays.
 char32_t lowerCharacter(char32_t c);

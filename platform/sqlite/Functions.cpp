@@ -5,7 +5,7 @@
 
 #include <array>
 #include <exception>
-#include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/sqlite/DatabaseFile.h"
@@ -18,7 +18,7 @@ namespace payslate::sqlite {
 
 namespace {
 
-using tsql::Cell;
+using tsql::CellView;
 
 /// What a registered function is given: the library's entry, and where its errors go.
 template <typename Entry>
@@ -32,28 +32,35 @@ void destroyBinding(void* binding) {
   delete static_cast<Binding<Entry>*>(binding);
 }
 
-Cell cellOf(sqlite3_value* value) {
-  switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-      return static_cast<std::int64_t>(sqlite3_value_int64(value));
-    case SQLITE_FLOAT:
-      return sqlite3_value_double(value);
-    case SQLITE_TEXT: {
-      const auto* bytes = static_cast<const char*>(static_cast<const void*>(sqlite3_value_text(value)));
-      return std::string(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
-    }
-    default:
-      return {};
-  }
+std::string_view view(int size, const void* bytes) {
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(size)};
 }
 
-void giveResult(sqlite3_context* context, const Cell& result) {
+CellView viewOf(sqlite3_value* value) {
+  const int type = sqlite3_value_type(value);
+  if (type == SQLITE_INTEGER) return static_cast<std::int64_t>(sqlite3_value_int64(value));
+  if (type == SQLITE_FLOAT) return sqlite3_value_double(value);
+  if (type != SQLITE_TEXT) return {};
+  // Asked for as text the bytes would be copied, to put a zero behind them.
+  const void* bytes = sqlite3_value_blob(value);
+  return view(sqlite3_value_bytes(value), bytes);
+}
+
+void giveText(sqlite3_context* context, std::string_view text) {
+  // Without an address it would be taken for Null.
+  const char* bytes = text.empty() ? "" : text.data();
+  sqlite3_result_text64(context, bytes, text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+void giveResult(sqlite3_context* context, const tsql::Answer& result) {
   if (const auto* whole = std::get_if<std::int64_t>(&result)) {
     sqlite3_result_int64(context, *whole);
   } else if (const auto* number = std::get_if<double>(&result)) {
     sqlite3_result_double(context, *number);
+  } else if (const auto* part = std::get_if<std::string_view>(&result)) {
+    giveText(context, *part);
   } else if (const auto* text = std::get_if<std::string>(&result)) {
-    sqlite3_result_text64(context, text->data(), text->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    giveText(context, *text);
   } else {
     sqlite3_result_null(context);
   }
@@ -76,18 +83,49 @@ void guarded(sqlite3_context* context, DatabaseFile& file, Body body) {
   }
 }
 
-void callFunction(sqlite3_context* context, int count, sqlite3_value** values) {
-  using Entry = Binding<tsql::RuntimeFunction>;
-  const Entry& binding = *static_cast<Entry*>(sqlite3_user_data(context));
+using FunctionBinding = Binding<tsql::RuntimeFunction>;
+
+template <typename Views>
+void call(sqlite3_context* context, Views views) {
+  const FunctionBinding& binding = *static_cast<FunctionBinding*>(sqlite3_user_data(context));
   guarded(context, *binding.file, [&] {
-    constexpr std::size_t usual = 6;
-    const auto size = static_cast<std::size_t>(count);
-    std::array<Cell, usual> few;
-    std::vector<Cell> many(size > usual ? size : 0);
-    const std::span<Cell> cells = size > usual ? std::span<Cell>(many) : std::span<Cell>(few).first(size);
-    for (std::size_t i = 0; i < size; ++i) cells[i] = cellOf(values[i]);
-    giveResult(context, tsql::callRuntime(*binding.entry, cells));
+    const auto arguments = views();
+    giveResult(context, tsql::callRuntime(*binding.entry, tsql::Arguments(arguments)));
   });
+}
+
+void callWithMany(sqlite3_context* context, int count, sqlite3_value** values) {
+  call(context, [&] {
+    std::vector<CellView> views;
+    views.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) views.push_back(viewOf(values[i]));
+    return views;
+  });
+}
+
+using Caller = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+template <std::size_t... at>
+constexpr Caller callerFor(std::index_sequence<at...>) {
+  return [](sqlite3_context* context, int, sqlite3_value** values) {
+    call(context, [&] { return std::array<CellView, sizeof...(at)>{viewOf(values[at])...}; });
+  };
+}
+
+// A row may make a dozen calls: where the number of arguments is known, its code makes no more and no loop.
+Caller callerOf(const tsql::RuntimeFunction& function) {
+  switch (function.arguments) {
+    case 1:
+      return callerFor(std::make_index_sequence<1>());
+    case 2:
+      return callerFor(std::make_index_sequence<2>());
+    case 3:
+      return callerFor(std::make_index_sequence<3>());
+    case 4:
+      return callerFor(std::make_index_sequence<4>());
+    default:
+      return callWithMany;
+  }
 }
 
 using AggregateBinding = Binding<tsql::RuntimeAggregate>;
@@ -105,7 +143,7 @@ void stepAggregate(sqlite3_context* context, int, sqlite3_value** values) {
   const AggregateBinding& binding = *static_cast<AggregateBinding*>(sqlite3_user_data(context));
   guarded(context, *binding.file, [&] {
     tsql::Accumulator* fold = accumulator(context, binding);
-    const Cell value = cellOf(values[0]);
+    const CellView value = viewOf(values[0]);
     if (binding.entry->takesNull || !tsql::isNull(value)) fold->add(value);
   });
 }
@@ -119,10 +157,6 @@ void finishAggregate(sqlite3_context* context) {
     if (!fold) fold = binding.entry->create();
     giveResult(context, fold->result());
   });
-}
-
-std::string_view view(int size, const void* bytes) {
-  return {static_cast<const char*>(bytes), static_cast<std::size_t>(size)};
 }
 
 int compareTexts(void*, int leftSize, const void* left, int rightSize, const void* right) {
@@ -167,8 +201,8 @@ void registerFunctions(sqlite3* handle, DatabaseFile& file) {
     const std::string name(function.name);
     const int flags = SQLITE_UTF8 | (function.constant ? SQLITE_DETERMINISTIC : 0);
     check(sqlite3_create_function_v2(handle, name.c_str(), function.arguments, flags,
-                                     new Binding<tsql::RuntimeFunction>{&function, &file}, callFunction,
-                                     nullptr, nullptr, destroyBinding<tsql::RuntimeFunction>));
+                                     new FunctionBinding{&function, &file}, callerOf(function), nullptr,
+                                     nullptr, destroyBinding<tsql::RuntimeFunction>));
   }
   for (const tsql::RuntimeAggregate& aggregate : tsql::runtimeAggregates()) {
     const std::string name(aggregate.name);

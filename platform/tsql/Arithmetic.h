@@ -7,6 +7,6 @@
 namespace payslate::tsql {
 
 /// `op` is one of + - * / %; the result has `type`. SqlError for a division by zero or an overflow.
-Cell compute(char op, const Cell& left, const Cell& right, const Type& type);
+Cell compute(char op, const CellView& left, const CellView& right, const Type& type);
 
 }  // namespace payslate::tsql

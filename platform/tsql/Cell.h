@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace payslate::tsql {
@@ -11,7 +12,25 @@ namespace payslate::tsql {
 /// exact decimals as text with exactly the decimals of their type.
 using Cell = std::variant<std::monostate, std::int64_t, double, std::string>;
 
-inline bool isNull(const Cell& cell) {
+/// A value whose text is kept elsewhere, for as long as this is used.
+class CellView : public std::variant<std::monostate, std::int64_t, double, std::string_view> {
+ public:
+  using variant::variant;
+  CellView(const Cell& cell) {
+    if (const auto* whole = std::get_if<std::int64_t>(&cell)) emplace<std::int64_t>(*whole);
+    if (const auto* number = std::get_if<double>(&cell)) emplace<double>(*number);
+    if (const auto* text = std::get_if<std::string>(&cell)) emplace<std::string_view>(*text);
+  }
+
+  [[nodiscard]] Cell cell() const {
+    if (const auto* text = std::get_if<std::string_view>(this)) return std::string(*text);
+    if (const auto* whole = std::get_if<std::int64_t>(this)) return *whole;
+    if (const auto* number = std::get_if<double>(this)) return *number;
+    return {};
+  }
+};
+
+inline bool isNull(const CellView& cell) {
   return std::holds_alternative<std::monostate>(cell);
 }
 

@@ -23,19 +23,19 @@ constexpr std::string_view currencySigns[] = {"$", "\xC2\xA3", "\xE2\x82\xAC",
                                               "\xC2\xA5"};  // dollar, pound, euro, yen
 
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return "";
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
-std::string shown(const Cell& value) {
+std::string shown(const CellView& value) {
   const std::string text = textOf(value);
   constexpr std::size_t most = 60;
   return "'" + (text.size() > most ? text.substr(0, most) + "…" : text) + "'";
 }
 
-[[noreturn]] void cannotConvert(const Cell& value, const Type& to) {
+[[noreturn]] void cannotConvert(const CellView& value, const Type& to) {
   throw SqlError(state::badCast, "The value " + shown(value) + " cannot be converted to " + to.text() + ".");
 }
 
@@ -48,8 +48,8 @@ std::string_view withoutPlus(std::string_view text) {
   return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
 }
 
-std::int64_t wholeFromText(const Cell& value, const Type& to) {
-  const std::string_view text = withoutPlus(trimmed(std::get<std::string>(value)));
+std::int64_t wholeFromText(const CellView& value, const Type& to) {
+  const std::string_view text = withoutPlus(trimmed(std::get<std::string_view>(value)));
   if (text.empty()) return 0;
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -58,8 +58,8 @@ std::int64_t wholeFromText(const Cell& value, const Type& to) {
   return number;
 }
 
-double doubleFromText(const Cell& value, const Type& to) {
-  const std::string_view text = withoutPlus(trimmed(std::get<std::string>(value)));
+double doubleFromText(const CellView& value, const Type& to) {
+  const std::string_view text = withoutPlus(trimmed(std::get<std::string_view>(value)));
   if (text.empty()) return 0;
   double number = 0;
   const bool plain = text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
@@ -83,8 +83,8 @@ std::string moneyDigits(std::string_view text) {
   return digits.empty() ? "0" : digits;
 }
 
-Decimal decimalFromText(const Cell& value, const Type& to) {
-  const std::string_view text = trimmed(std::get<std::string>(value));
+Decimal decimalFromText(const CellView& value, const Type& to) {
+  const std::string_view text = trimmed(std::get<std::string_view>(value));
   try {
     return Decimal::parse(to.kind == Kind::Money ? moneyDigits(text) : std::string(text));
   } catch (const basic::ValueError& error) {
@@ -99,9 +99,9 @@ std::int64_t cutDouble(double number, const Type& to) {
   return static_cast<std::int64_t>(number);
 }
 
-Cell toBit(const Cell& value, const Type& from, const Type& to) {
+Cell toBit(const CellView& value, const Type& from, const Type& to) {
   if (from.isText()) {
-    const std::string_view text = trimmed(std::get<std::string>(value));
+    const std::string_view text = trimmed(std::get<std::string_view>(value));
     if (sameWord(text, "true")) return std::int64_t{1};
     if (sameWord(text, "false")) return std::int64_t{0};
     return std::int64_t{wholeFromText(value, to) != 0};
@@ -116,7 +116,7 @@ std::int64_t roundedDays(std::int64_t moment) {
   return dayNumber(moment + millisecondsPerDay / 2);
 }
 
-Cell toWhole(const Cell& value, const Type& from, const Type& to) {
+Cell toWhole(const CellView& value, const Type& from, const Type& to) {
   if (to.kind == Kind::Bit) return toBit(value, from, to);
   std::int64_t number = 0;
   if (from.isText()) {
@@ -141,7 +141,7 @@ double daysOf(std::int64_t moment) {
   return static_cast<double>(moment) / static_cast<double>(millisecondsPerDay);
 }
 
-Cell toDecimal(const Cell& value, const Type& from, const Type& to) {
+Cell toDecimal(const CellView& value, const Type& from, const Type& to) {
   try {
     if (from.isText()) return checkedDecimal(decimalFromText(value, to), to);
     if (from.isDate())
@@ -153,7 +153,7 @@ Cell toDecimal(const Cell& value, const Type& from, const Type& to) {
   }
 }
 
-Cell toDouble(const Cell& value, const Type& from, const Type& to) {
+Cell toDouble(const CellView& value, const Type& from, const Type& to) {
   double number = 0;
   if (from.isText()) {
     number = doubleFromText(value, to);
@@ -170,8 +170,8 @@ Cell toDouble(const Cell& value, const Type& from, const Type& to) {
   return number;
 }
 
-Cell toMoment(const Cell& value, const Type& from, const Type& to, int style) {
-  if (from.isText()) return roundedMoment(readMoment(std::get<std::string>(value), style), to.kind);
+Cell toMoment(const CellView& value, const Type& from, const Type& to, int style) {
+  if (from.isText()) return roundedMoment(readMoment(std::get<std::string_view>(value), style), to.kind);
   if (from.isDate()) return roundedMoment(std::get<std::int64_t>(value), to.kind);
   if (to.kind == Kind::Date) cannotConvert(value, to);
   constexpr double mostDays = 4'000'000;
@@ -218,7 +218,7 @@ std::string floatingText(double number, int style, const Type& from) {
   return text;
 }
 
-std::string plainText(const Cell& value, const Type& from, int style) {
+std::string plainText(const CellView& value, const Type& from, int style) {
   if (from.isDate()) return writeMoment(std::get<std::int64_t>(value), style, from.kind);
   if (from.kind == Kind::Money) return moneyText(decimalOf(value), style, from);
   if (from.isFloating()) return floatingText(doubleOf(value), style, from);
@@ -237,7 +237,7 @@ std::string fittedText(std::string text, const Type& to) {
   return text;
 }
 
-Cell toText(const Cell& value, const Type& from, const Type& to, int style) {
+Cell toText(const CellView& value, const Type& from, const Type& to, int style) {
   std::string text = plainText(value, from, style);
   const auto length = static_cast<std::size_t>(to.length);
   if (to.length > 0 && text.size() > length) {
@@ -283,30 +283,29 @@ double checkedDouble(double number) {
   return number;
 }
 
-double doubleOf(const Cell& value) {
+double doubleOf(const CellView& value) {
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return static_cast<double>(*whole);
   if (const auto* number = std::get_if<double>(&value)) return *number;
-  return Decimal::parse(std::get<std::string>(value)).toDouble();
+  return Decimal::parse(std::get<std::string_view>(value)).toDouble();
 }
 
-Decimal decimalOf(const Cell& value) {
+Decimal decimalOf(const CellView& value) {
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return Decimal::fromInteger(*whole);
   constexpr int floatScale = 15;
   if (const auto* number = std::get_if<double>(&value)) return Decimal::fromDouble(*number, floatScale);
-  return Decimal::parse(std::get<std::string>(value));
+  return Decimal::parse(std::get<std::string_view>(value));
 }
 
-std::int64_t wholeOf(const Cell& value) {
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
+std::int64_t cutToWhole(const CellView& value) {
   if (const auto* number = std::get_if<double>(&value)) return cutDouble(*number, Type::of(Kind::BigInt));
   return decimalOf(value).toInteger();
 }
 
-std::string textOf(const Cell& value) {
+std::string textOf(const CellView& value) {
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
   constexpr int allDigits = 15;
   if (const auto* number = std::get_if<double>(&value)) return floatText(*number, allDigits);
-  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  if (const auto* text = std::get_if<std::string_view>(&value)) return std::string(*text);
   return "null";
 }
 
@@ -323,7 +322,8 @@ bool isNumericText(std::string_view text) {
   };
   skipSign();
   for (const std::string_view currency : currencySigns) {
-    if (text.substr(i, currency.size()) != currency) continue;
+    if (i == text.size() || text[i] != currency.front() || text.substr(i, currency.size()) != currency)
+      continue;
     i += currency.size();
     if (!sign) skipSign();
     sign = true;
@@ -347,7 +347,7 @@ bool isNumericText(std::string_view text) {
   return i < text.size() && text.find_first_not_of("0123456789", i) == std::string_view::npos;
 }
 
-Cell convertCell(const Cell& value, const Type& from, const Type& to, int style) {
+Cell convertCell(const CellView& value, const Type& from, const Type& to, int style) {
   if (isNull(value)) return {};
   if (to.isText()) return toText(value, from, to, style);
   if (to.isWhole()) return toWhole(value, from, to);
@@ -356,11 +356,12 @@ Cell convertCell(const Cell& value, const Type& from, const Type& to, int style)
   return toMoment(value, from, to, style);
 }
 
-Cell assignCell(const Cell& value, const Type& from, const Type& to, const std::string& column) {
+Cell assignCell(const CellView& value, const Type& from, const Type& to, const std::string& column) {
   if (isNull(value)) return {};
   try {
     if (!to.isText()) return convertCell(value, from, to);
-    std::string text = from.isText() ? std::get<std::string>(value) : plainText(value, from, 0);
+    std::string text =
+        from.isText() ? std::string(std::get<std::string_view>(value)) : plainText(value, from, 0);
     const auto length = static_cast<std::size_t>(to.length);
     if (to.length > 0 && basic::characterCount(withoutTrailingBlanks(text)) > length) {
       throw SqlError(state::truncation, "The text " + shown(value) +

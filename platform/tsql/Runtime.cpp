@@ -1,7 +1,6 @@
 // The library's index and its aggregates.
 #include "platform/tsql/Runtime.h"
 
-#include <algorithm>
 #include <array>
 #include <map>
 #include <vector>
@@ -33,7 +32,7 @@ enum class Result { Sum, Average };
 template <Kind kind, Result wanted>
 class WholeFold : public Accumulator {
  public:
-  void add(const Cell& value) override {
+  void add(const CellView& value) override {
     sum_ = std::get<std::int64_t>(compute('+', sum_, value, Type::of(Kind::BigInt)));
     ++count_;
   }
@@ -50,7 +49,7 @@ class WholeFold : public Accumulator {
 template <Result wanted>
 class DecimalFold : public Accumulator {
  public:
-  void add(const Cell& value) override {
+  void add(const CellView& value) override {
     try {
       sum_ = sum_ + decimalOf(value);
     } catch (const basic::ValueError&) {
@@ -73,7 +72,7 @@ class DecimalFold : public Accumulator {
 template <Result wanted>
 class FloatFold : public Accumulator {
  public:
-  void add(const Cell& value) override {
+  void add(const CellView& value) override {
     sum_ = checkedDouble(sum_ + doubleOf(value));
     ++count_;
   }
@@ -90,11 +89,11 @@ class FloatFold : public Accumulator {
 /// The value of a subquery that stands for one value.
 class OnlyRow : public Accumulator {
  public:
-  void add(const Cell& value) override {
+  void add(const CellView& value) override {
     if (seen_)
       throw SqlError(state::cardinality, "A subquery that stands for one value gave more than one row.");
     seen_ = true;
-    value_ = value;
+    value_ = value.cell();
   }
   [[nodiscard]] Cell result() const override { return value_; }
 
@@ -136,17 +135,22 @@ const RuntimeFunction* findRuntimeFunction(std::string_view name) {
   return found == index.end() ? nullptr : found->second;
 }
 
-Cell callRuntime(const RuntimeFunction& function, Arguments arguments) {
-  if (function.nullIfAnyNull &&
-      std::any_of(arguments.begin(), arguments.end(), [](const Cell& c) { return isNull(c); })) {
-    return {};
-  }
-  try {
-    return function.call(arguments);
-  } catch (const basic::ValueError& error) {
-    const bool overflow = error.kind() == basic::ErrorKind::Overflow;
-    throw SqlError(overflow ? state::overflow : state::badCast, error.what());
-  }
+Cell Answer::cell() const {
+  if (const auto* text = std::get_if<std::string>(this)) return *text;
+  if (const auto* part = std::get_if<std::string_view>(this)) return std::string(*part);
+  if (const auto* whole = std::get_if<std::int64_t>(this)) return *whole;
+  if (const auto* number = std::get_if<double>(this)) return *number;
+  return {};
+}
+
+void throwAsSqlError(const basic::ValueError& error) {
+  const bool overflow = error.kind() == basic::ErrorKind::Overflow;
+  throw SqlError(overflow ? state::overflow : state::badCast, error.what());
+}
+
+Cell callRuntime(const RuntimeFunction& function, std::span<const Cell> arguments) {
+  const std::vector<CellView> views(arguments.begin(), arguments.end());
+  return callRuntime(function, views).cell();
 }
 
 std::span<const RuntimeAggregate> runtimeAggregates() {

@@ -3,14 +3,36 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
 
+#include "platform/basic/Error.h"
 #include "platform/tsql/Cell.h"
 
 namespace payslate::tsql {
 
-using Arguments = std::span<const Cell>;
-using RuntimeCall = Cell (*)(Arguments);
+using Arguments = std::span<const CellView>;
+
+/// What a call gives: a value of its own, or a part of an argument's text, kept where that is.
+class Answer : public std::variant<std::monostate, std::int64_t, double, std::string, std::string_view> {
+ public:
+  using variant::variant;
+  Answer(Cell cell) {
+    if (const auto* whole = std::get_if<std::int64_t>(&cell)) emplace<std::int64_t>(*whole);
+    if (const auto* number = std::get_if<double>(&cell)) emplace<double>(*number);
+    if (auto* text = std::get_if<std::string>(&cell)) emplace<std::string>(std::move(*text));
+  }
+  Answer(const CellView& part) {
+    if (const auto* whole = std::get_if<std::int64_t>(&part)) emplace<std::int64_t>(*whole);
+    if (const auto* number = std::get_if<double>(&part)) emplace<double>(*number);
+    if (const auto* text = std::get_if<std::string_view>(&part)) emplace<std::string_view>(*text);
+  }
+  [[nodiscard]] Cell cell() const;
+};
+
+using RuntimeCall = Answer (*)(Arguments);
 
 struct RuntimeFunction {
   std::string_view name;
@@ -24,8 +46,20 @@ struct RuntimeFunction {
 std::span<const RuntimeFunction> runtimeFunctions();
 /// Null when there is none of that name.
 const RuntimeFunction* findRuntimeFunction(std::string_view name);
+[[noreturn]] void throwAsSqlError(const basic::ValueError& error);
 /// Calls it, with its rule about Null.
-Cell callRuntime(const RuntimeFunction& function, Arguments arguments);
+inline Answer callRuntime(const RuntimeFunction& function, Arguments arguments) {
+  if (function.nullIfAnyNull) {
+    for (const CellView& argument : arguments)
+      if (isNull(argument)) return {};
+  }
+  try {
+    return function.call(arguments);
+  } catch (const basic::ValueError& error) {
+    throwAsSqlError(error);
+  }
+}
+Cell callRuntime(const RuntimeFunction& function, std::span<const Cell> arguments);
 
 /// Parts of the library, by subject.
 std::span<const RuntimeFunction> numberFunctions();
@@ -36,7 +70,7 @@ std::span<const RuntimeFunction> dateFunctions();
 class Accumulator {
  public:
   virtual ~Accumulator() = default;
-  virtual void add(const Cell& value) = 0;
+  virtual void add(const CellView& value) = 0;
   [[nodiscard]] virtual Cell result() const = 0;
 };
 

@@ -13,38 +13,38 @@ namespace payslate::tsql {
 
 namespace {
 
-DatePart part(const Cell& code) {
+DatePart part(const CellView& code) {
   return static_cast<DatePart>(std::get<std::int64_t>(code));
 }
-std::int64_t moment(const Cell& value) {
+std::int64_t moment(const CellView& value) {
   return std::get<std::int64_t>(value);
 }
 
-Cell dateAdd(Arguments args) {
+Answer dateAdd(Arguments args) {
   const Type type = Type::unpacked(std::get<std::int64_t>(args[3]));
   return roundedMoment(addToMoment(part(args[0]), wholeOf(args[1]), moment(args[2])), type.kind);
 }
 
-Cell dateDifference(Arguments args) {
+Answer dateDifference(Arguments args) {
   return checkedWhole(momentDifference(part(args[0]), moment(args[1]), moment(args[2])), Kind::Int);
 }
 
-Cell datePart(Arguments args) {
+Answer datePart(Arguments args) {
   return partOf(part(args[0]), moment(args[1]));
 }
-Cell dateName(Arguments args) {
+Answer dateName(Arguments args) {
   return partName(part(args[0]), moment(args[1]));
 }
 
 // Days may be fractions: a date plus 0.5 is noon.
-Cell plusDays(Arguments args) {
+Answer plusDays(Arguments args) {
   return convertCell(
       doubleOf(args[0]) / static_cast<double>(millisecondsPerDay) + doubleOf(args[1]) * doubleOf(args[2]),
       Type::of(Kind::Float), Type::of(Kind::DateTime));
 }
 
 // The server's clock is local time.
-Cell now(Arguments) {
+Answer now(Arguments) {
   namespace chr = std::chrono;
   const auto since = chr::system_clock::now();
   const std::time_t seconds = chr::system_clock::to_time_t(since);
@@ -62,10 +62,10 @@ Cell now(Arguments) {
   return roundedMoment(momentOf(time), Kind::DateTime);
 }
 
-Cell isDate(Arguments args) {
+Answer isDate(Arguments args) {
   if (isNull(args[0])) return std::int64_t{0};
-  const std::string& text = std::get<std::string>(args[0]);
-  if (text.find_first_not_of(' ') == std::string::npos) return std::int64_t{0};
+  const auto text = std::get<std::string_view>(args[0]);
+  if (text.find_first_not_of(' ') == std::string_view::npos) return std::int64_t{0};
   try {
     readMoment(text, 0);
     return std::int64_t{1};

@@ -28,7 +28,7 @@ using basic::Decimal;
                  "Arithmetic overflow: the result does not fit the type " + type.text() + ".");
 }
 
-std::int64_t whole(const Cell& value) {
+std::int64_t whole(const CellView& value) {
   return std::get<std::int64_t>(value);
 }
 
@@ -77,6 +77,10 @@ std::int64_t computeWhole(char op, std::int64_t left, std::int64_t right, const 
   if (right == 0) divisionByZero();
   if (right == -1 && left == low) overflow(type);
   return op == '/' ? left / right : left % right;
+}
+
+std::int64_t wholeComputed(char op, const CellView& left, const CellView& right, const Type& type) {
+  return checkedWhole(computeWhole(op, wholeOf(left), wholeOf(right), type), type.kind);
 }
 
 double computeDouble(char op, double left, double right) {
@@ -133,43 +137,46 @@ std::string computeDecimal(char op, const Decimal& left, const Decimal& right, c
   }
 }
 
-Type typeOf(const Cell& code) {
+Type typeOf(const CellView& code) {
   return Type::unpacked(whole(code));
 }
 
 template <char op>
-Cell arithmetic(Arguments args) {
-  return compute(op, args[0], args[1], typeOf(args[2]));
+Answer arithmetic(Arguments args) {
+  const Type type = typeOf(args[2]);
+  if (type.isWhole()) return wholeComputed(op, args[0], args[1], type);
+  return compute(op, args[0], args[1], type);
 }
 
 // first, then (operator's character, operand, type) again and again: a long sum as one call.
-Cell chain(Arguments args) {
+Answer chain(Arguments args) {
   constexpr std::size_t step = 3;
-  Cell value = args[0];
+  Cell value = args[0].cell();
   for (std::size_t i = 1; i + step <= args.size(); i += step) {
     value = compute(static_cast<char>(whole(args[i])), value, args[i + 1], typeOf(args[i + 2]));
   }
   return value;
 }
 
-Cell negative(Arguments args) {
+Answer negative(Arguments args) {
   const Type type = typeOf(args[1]);
   if (type.isExact()) return decimalOf(args[0]).negated().text();
   if (type.isFloating()) return -doubleOf(args[0]);
   return compute('-', std::int64_t{0}, args[0], type);
 }
 
-Cell absolute(Arguments args) {
+Answer absolute(Arguments args) {
   const Type type = typeOf(args[1]);
   if (type.isExact()) {
     const Decimal number = decimalOf(args[0]);
     return number.isNegative() ? number.negated().text() : number.text();
   }
   if (type.isFloating()) return std::abs(doubleOf(args[0]));
-  return whole(args[0]) < 0 ? compute('-', std::int64_t{0}, args[0], type) : args[0];
+  if (whole(args[0]) < 0) return compute('-', std::int64_t{0}, args[0], type);
+  return args[0];
 }
 
-Cell signOf(Arguments args) {
+Answer signOf(Arguments args) {
   const Type type = typeOf(args[1]);
   const double number = type.isExact() && decimalOf(args[0]).isZero() ? 0 : doubleOf(args[0]);
   const int sign = static_cast<int>(number > 0) - static_cast<int>(number < 0);
@@ -207,7 +214,7 @@ double roundedTo(double number, std::int64_t places, bool cut) {
   return places >= 0 ? kept / factor : kept * factor;
 }
 
-Cell roundTo(Arguments args) {
+Answer roundTo(Arguments args) {
   const Type type = typeOf(args[3]);
   const std::int64_t places = wholeOf(args[1]);
   const bool cut = wholeOf(args[2]) != 0;
@@ -218,7 +225,7 @@ Cell roundTo(Arguments args) {
 }
 
 template <bool up>
-Cell wholeBound(Arguments args) {
+Answer wholeBound(Arguments args) {
   const Type type = typeOf(args[1]);
   if (type.isWhole()) return args[0];
   if (type.isFloating()) return up ? std::ceil(doubleOf(args[0])) : std::floor(doubleOf(args[0]));
@@ -229,7 +236,7 @@ Cell wholeBound(Arguments args) {
   return checkedDecimal(bound, type);
 }
 
-Cell power(Arguments args) {
+Answer power(Arguments args) {
   const Type type = typeOf(args[2]);
   const double base = doubleOf(args[0]);
   const double exponent = doubleOf(args[1]);
@@ -254,7 +261,7 @@ Cell power(Arguments args) {
 }
 
 template <double (*function)(double)>
-Cell mathematical(Arguments args) {
+Answer mathematical(Arguments args) {
   return checkedDouble(function(doubleOf(args[0])));
 }
 
@@ -274,26 +281,28 @@ double exponential(double number) {
   return std::exp(number);
 }
 
-Cell pi(Arguments) {
+Answer pi(Arguments) {
   return std::numbers::pi;
 }
 
-Cell isNumeric(Arguments args) {
+Answer isNumeric(Arguments args) {
   if (isNull(args[0])) return std::int64_t{0};
-  const auto* text = std::get_if<std::string>(args.data());
+  const auto* text = std::get_if<std::string_view>(args.data());
   return std::int64_t{text == nullptr || isNumericText(*text)};
 }
 
-Cell convertValue(Arguments args) {
+Answer convertValue(Arguments args) {
   return convertCell(args[0], typeOf(args[1]), typeOf(args[2]), static_cast<int>(whole(args[3])));
 }
 
-Cell assignValue(Arguments args) {
-  return assignCell(args[0], typeOf(args[1]), typeOf(args[2]), std::get<std::string>(args[3]));
+Answer assignValue(Arguments args) {
+  return assignCell(args[0], typeOf(args[1]), typeOf(args[2]),
+                    std::string(std::get<std::string_view>(args[3])));
 }
 
-Cell raise(Arguments args) {
-  throw SqlError(std::get<std::string>(args[0]), std::get<std::string>(args[1]));
+Answer raise(Arguments args) {
+  throw SqlError(std::string(std::get<std::string_view>(args[0])),
+                 std::string(std::get<std::string_view>(args[1])));
 }
 
 constexpr std::array functions = {
@@ -324,11 +333,11 @@ constexpr std::array functions = {
 
 }  // namespace
 
-Cell compute(char op, const Cell& left, const Cell& right, const Type& type) {
+Cell compute(char op, const CellView& left, const CellView& right, const Type& type) {
   if (isNull(left) || isNull(right)) return {};
   if (type.isFloating()) return computeDouble(op, doubleOf(left), doubleOf(right));
   if (type.isExact()) return computeDecimal(op, decimalOf(left), decimalOf(right), type);
-  return checkedWhole(computeWhole(op, wholeOf(left), wholeOf(right), type), type.kind);
+  return wholeComputed(op, left, right, type);
 }
 
 std::span<const RuntimeFunction> numberFunctions() {

@@ -16,11 +16,11 @@ namespace {
 
 constexpr std::size_t longestText = 1'000'000;  // Characters that a function may produce.
 
-const std::string& text(const Cell& value) {
-  return std::get<std::string>(value);
+std::string_view text(const CellView& value) {
+  return std::get<std::string_view>(value);
 }
 
-std::int64_t length(const Cell& value, const char* function) {
+std::int64_t length(const CellView& value, const char* function) {
   const std::int64_t number = wholeOf(value);
   if (number < 0) {
     throw SqlError(state::badLength, std::string("The length given to ") + function + " is negative.");
@@ -33,55 +33,56 @@ std::u32string lowered(std::u32string value) {
   return value;
 }
 
-Cell len(Arguments args) {
+Answer len(Arguments args) {
   return static_cast<std::int64_t>(basic::characterCount(withoutTrailingBlanks(text(args[0]))));
 }
 
-Cell dataLength(Arguments args) {
+Answer dataLength(Arguments args) {
   return static_cast<std::int64_t>(text(args[0]).size());
 }
 
-Cell left(Arguments args) {
-  const std::int64_t count = length(args[1], "left");
-  return basic::encoded(basic::characters(text(args[0])).substr(0, static_cast<std::size_t>(count)));
+Answer left(Arguments args) {
+  const std::string_view all = text(args[0]);
+  return all.substr(0, basic::bytesOf(all, static_cast<std::size_t>(length(args[1], "left"))));
 }
 
-Cell right(Arguments args) {
+Answer right(Arguments args) {
   const auto count = static_cast<std::size_t>(length(args[1], "right"));
-  const std::u32string all = basic::characters(text(args[0]));
-  return basic::encoded(all.substr(all.size() - std::min(all.size(), count)));
+  const std::string_view all = text(args[0]);
+  const std::size_t characters = basic::characterCount(all);
+  return all.substr(basic::bytesOf(all, characters - std::min(characters, count)));
 }
 
 // Positions before the first character count against the length.
-Cell substring(Arguments args) {
-  const std::u32string all = basic::characters(text(args[0]));
+Answer substring(Arguments args) {
+  const std::string_view all = text(args[0]);
   const std::int64_t start = wholeOf(args[1]);
   const std::int64_t count = length(args[2], "substring");
   if (start > std::numeric_limits<std::int64_t>::max() - count)
     throw SqlError(state::overflow, "Arithmetic overflow: substring starts too far behind the text.");
-  const std::int64_t end = start + count;
-  const std::int64_t from = std::clamp<std::int64_t>(start, 1, static_cast<std::int64_t>(all.size()) + 1);
-  const std::int64_t to = std::clamp<std::int64_t>(end, from, static_cast<std::int64_t>(all.size()) + 1);
-  return basic::encoded(all.substr(static_cast<std::size_t>(from - 1), static_cast<std::size_t>(to - from)));
+  const std::int64_t from = std::max<std::int64_t>(start, 1);
+  const std::int64_t to = std::max(start + count, from);
+  const std::string_view rest = all.substr(basic::bytesOf(all, static_cast<std::size_t>(from - 1)));
+  return rest.substr(0, basic::bytesOf(rest, static_cast<std::size_t>(to - from)));
 }
 
 template <char32_t (*function)(char32_t)>
-Cell mapped(Arguments args) {
+Answer mapped(Arguments args) {
   std::u32string all = basic::characters(text(args[0]));
   std::transform(all.begin(), all.end(), all.begin(), function);
   return basic::encoded(all);
 }
 
-Cell trimLeft(Arguments args) {
-  const std::string& value = text(args[0]);
+Answer trimLeft(Arguments args) {
+  const std::string_view value = text(args[0]);
   return value.substr(std::min(value.size(), value.find_first_not_of(' ')));
 }
 
-Cell trimRight(Arguments args) {
-  return std::string(withoutTrailingBlanks(text(args[0])));
+Answer trimRight(Arguments args) {
+  return withoutTrailingBlanks(text(args[0]));
 }
 
-Cell replace(Arguments args) {
+Answer replace(Arguments args) {
   const std::u32string all = basic::characters(text(args[0]));
   const std::u32string folded = lowered(all);
   const std::u32string wanted = lowered(basic::characters(text(args[1])));
@@ -98,7 +99,7 @@ Cell replace(Arguments args) {
   return basic::encoded(result.append(all, from));
 }
 
-Cell charIndex(Arguments args) {
+Answer charIndex(Arguments args) {
   const std::u32string wanted = lowered(basic::characters(text(args[0])));
   const std::u32string all = lowered(basic::characters(text(args[1])));
   const std::int64_t start = std::max<std::int64_t>(1, args.size() > 2 ? wholeOf(args[2]) : 1);
@@ -107,9 +108,9 @@ Cell charIndex(Arguments args) {
   return at == std::u32string::npos ? std::int64_t{0} : static_cast<std::int64_t>(at) + 1;
 }
 
-Cell replicate(Arguments args) {
+Answer replicate(Arguments args) {
   const std::int64_t count = wholeOf(args[1]);
-  const std::string& piece = text(args[0]);
+  const std::string_view piece = text(args[0]);
   if (count < 0) return {};
   if (piece.empty()) return std::string();
   // What is beyond the longest text is cut off without an error, as a server does.
@@ -121,33 +122,34 @@ Cell replicate(Arguments args) {
   return basic::encoded(result);
 }
 
-Cell space(Arguments args) {
-  const std::array<Cell, 2> again = {Cell(std::string(" ")), args[0]};
+Answer space(Arguments args) {
+  const std::array<CellView, 2> again = {std::string_view(" "), args[0]};
   return replicate(again);
 }
 
-Cell reverse(Arguments args) {
+Answer reverse(Arguments args) {
   std::u32string all = basic::characters(text(args[0]));
   std::reverse(all.begin(), all.end());
   return basic::encoded(all);
 }
 
-Cell stuff(Arguments args) {
+Answer stuff(Arguments args) {
   const std::u32string all = basic::characters(text(args[0]));
   const std::int64_t start = wholeOf(args[1]);
   const std::int64_t count = wholeOf(args[2]);
   if (start < 1 || count < 0 || start > static_cast<std::int64_t>(all.size())) return {};
   const auto from = static_cast<std::size_t>(start - 1);
   const std::size_t behind = std::min(all.size(), from + static_cast<std::size_t>(count));
-  return basic::encoded(all.substr(0, from)) + text(args[3]) + basic::encoded(all.substr(behind));
+  return basic::encoded(all.substr(0, from)).append(text(args[3])) + basic::encoded(all.substr(behind));
 }
 
-Cell ascii(Arguments args) {
+Answer ascii(Arguments args) {
   const std::u32string all = basic::characters(text(args[0]));
-  return all.empty() ? Cell() : Cell(static_cast<std::int64_t>(all.front()));
+  if (all.empty()) return {};
+  return static_cast<std::int64_t>(all.front());
 }
 
-Cell character(Arguments args) {
+Answer character(Arguments args) {
   constexpr std::int64_t last = 255;
   const std::int64_t code = wholeOf(args[0]);
   if (code < 1 || code > last) return {};
@@ -155,7 +157,7 @@ Cell character(Arguments args) {
 }
 
 // A number right-justified in its width; stars when it does not fit.
-Cell str(Arguments args) {
+Answer str(Arguments args) {
   constexpr int mostDecimals = 16;
   const double number = doubleOf(args[0]);
   const auto width = static_cast<std::size_t>(std::min<std::int64_t>(length(args[1], "str"), longestText));
@@ -167,7 +169,7 @@ Cell str(Arguments args) {
   return std::string(width - digits.size(), ' ') + digits;
 }
 
-Cell like(Arguments args) {
+Answer like(Arguments args) {
   char32_t escape = 0;
   if (args.size() > 2) {
     const std::u32string sign = basic::characters(text(args[2]));
@@ -178,13 +180,14 @@ Cell like(Arguments args) {
 }
 
 // The other text that equals a single blank.
-Cell emptied(Arguments args) {
-  return text(args[0]) == " " ? Cell(std::string()) : args[0];
+Answer emptied(Arguments args) {
+  if (text(args[0]) == " ") return std::string_view();
+  return args[0];
 }
 
-Cell concat(Arguments args) {
+Answer concat(Arguments args) {
   std::string result;
-  for (const Cell& piece : args) {
+  for (const CellView& piece : args) {
     if (!isNull(piece)) result += text(piece);
     if (result.size() > longestText) throw SqlError(state::badLength, "The text made by concat is too long.");
   }

@@ -2,6 +2,7 @@
 #include "platform/tsql/Text.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/basic/Unicode.h"
 
@@ -13,13 +14,36 @@ using basic::lowerCharacter;
 namespace {
 
 /// Sort weight of an already lowered character.
-char32_t weight(char32_t c) {
+constexpr char32_t weight(char32_t c) {
   constexpr char32_t digitClass = 0x100;
   constexpr char32_t letterClass = 0x200;
   if (c >= 'a' && c <= 'z') return letterClass + c;
   if (c >= '0' && c <= '9') return digitClass + c;
   if (c >= 0x80U) return letterClass + c;
   return c;
+}
+
+constexpr char32_t firstNotAscii = 0x80;
+constexpr auto asciiWeights = [] {
+  std::array<char32_t, firstNotAscii> weights{};
+  for (char32_t c = 0; c < firstNotAscii; ++c)
+    weights[c] = weight(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  return weights;
+}();
+
+/// Moves behind the ASCII characters at the start that compare equal; the order of the first that do not,
+/// else 0.
+int compareAscii(std::string_view& left, std::string_view& right) {
+  std::size_t at = 0;
+  for (const std::size_t both = std::min(left.size(), right.size()); at < both; ++at) {
+    const auto a = static_cast<unsigned char>(left[at]);
+    const auto b = static_cast<unsigned char>(right[at]);
+    if (a >= firstNotAscii || b >= firstNotAscii) break;
+    if (asciiWeights[a] != asciiWeights[b]) return asciiWeights[a] < asciiWeights[b] ? -1 : 1;
+  }
+  left.remove_prefix(at);
+  right.remove_prefix(at);
+  return 0;
 }
 
 constexpr char32_t lastCharacter = 0x10FFFF;
@@ -31,15 +55,14 @@ bool countsAsItself(char32_t c) {
 
 /// Of the characters with a larger weight the one with the least; 0 for none.
 char32_t successor(char32_t c) {
-  constexpr char32_t firstByWeight = 0x80;  // From here on characters are in the order of their weights.
   c = lowerCharacter(c);
-  if (c >= firstByWeight) {
+  if (c >= firstNotAscii) {  // Characters in the order of their weights.
     do ++c;
     while (c <= lastCharacter && !countsAsItself(c));
     return c <= lastCharacter ? c : 0;
   }
-  char32_t next = firstByWeight;
-  for (char32_t other = 1; other < firstByWeight; ++other) {
+  char32_t next = firstNotAscii;
+  for (char32_t other = 1; other < firstNotAscii; ++other) {
     if (countsAsItself(other) && weight(other) > weight(c) && weight(other) < weight(next)) next = other;
   }
   return next;
@@ -140,14 +163,10 @@ std::u32string lowered(std::string_view text) {
 
 }  // namespace
 
-std::string_view withoutTrailingBlanks(std::string_view text) {
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
 int compareText(std::string_view left, std::string_view right) {
   left = withoutTrailingBlanks(left);
   right = withoutTrailingBlanks(right);
+  if (const int order = compareAscii(left, right); order != 0) return order;
   while (!left.empty() && !right.empty()) {
     const basic::FirstCharacter a = basic::firstCharacter(left);
     const basic::FirstCharacter b = basic::firstCharacter(right);

@@ -19,6 +19,9 @@ bool matchesLike(std::string_view text, std::string_view pattern, char32_t escap
 /// or a last blank, which would not count; none where some of them are the last of all texts.
 std::optional<std::string> firstBehind(std::string_view prefix);
 
-std::string_view withoutTrailingBlanks(std::string_view text);
+inline std::string_view withoutTrailingBlanks(std::string_view text) {
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
 
 }  // namespace payslate::tsql
