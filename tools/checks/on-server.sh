@@ -34,8 +34,8 @@ for errand in "$tests"/errands/*.errand; do
 done
 step "$build/tests/errands/payroll_host_tested" errand --window "$tests/errands/whole-month.errand"
 
-# An empty database, filled once; several clerks for some seconds.
-step "$(dirname "$0")/soak.sh" "$build" 3 5
+# An empty database, filled once; several clerks and month runs for some seconds.
+step "$(dirname "$0")/soak.sh" "$build" 3 5 2
 ! "$build/host/payroll-host" demo --connect "$PAYSLATE_ODBC_TSQL" >"$log" 2>&1
 grep -q 'holds payroll tables already' "$log"
 
