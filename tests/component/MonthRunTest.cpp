@@ -97,7 +97,16 @@ const MonthLine& lineOf(const MonthReport& report, std::int32_t employeeId) {
   return none;
 }
 
+Rows rowsEnteredByHand() {
+  const DemoPayroll byHand;
+  enterByHand(byHand, first);
+  enterByHand(byHand, second);
+  return rowsOf(byHand);
+}
+
+// One payroll at a time: on a server they have one database.
 TEST(MonthRun, StoresRowForRowWhatAClerkStores) {
+  const Rows expected = rowsEnteredByHand();
   const DemoPayroll atOnce;
   MonthOptions dry;
   dry.dryRun = true;
@@ -115,10 +124,6 @@ TEST(MonthRun, StoresRowForRowWhatAClerkStores) {
   EXPECT_EQ(lineOf(report, 101).pay[0].net, "24223.75");
   enterMonth(atOnce, second);
 
-  const DemoPayroll byHand;
-  enterByHand(byHand, first);
-  enterByHand(byHand, second);
-  const Rows expected = rowsOf(byHand);
   const Rows rows = rowsOf(atOnce);
   for (std::size_t i = 0; i < std::min(rows.size(), expected.size()); ++i) ASSERT_EQ(rows[i], expected[i]);
   EXPECT_EQ(rows.size(), expected.size());
@@ -173,8 +178,9 @@ TEST(MonthRun, OneFailureStopsNobodyElse) {
   EXPECT_EQ(lineOf(report, 102).result, Result::Stored);
   EXPECT_EQ(lineOf(report, 104).result, Result::Stored);
   EXPECT_EQ(payroll.value(live), before + 1 + static_cast<double>(report.count(Result::Stored)));
+}
 
-  // A connection that is lost ends the run, a stop too; the next run goes on.
+TEST(MonthRun, ALostConnectionEndsItAndItGoesOnBehindAStop) {
   const DemoPayroll cut;
   const auto loses = [&](std::size_t done, std::size_t) {
     if (done == 5) cut.connection->Close();
@@ -183,6 +189,7 @@ TEST(MonthRun, OneFailureStopsNobodyElse) {
   const MonthReport lost = enterMonth(cut, first, {}, loses);
   EXPECT_EQ(lost.count(Result::Failed), 1U);
   EXPECT_EQ(lost.count(Result::NotReached), lost.lines.size() - 1);
+  // It is closed: where there is but one database it is empty again.
   const DemoPayroll halted;
   const MonthReport stopped =
       enterMonth(halted, first, {}, [](std::size_t done, std::size_t) { return done < 10; });

@@ -1,12 +1,17 @@
-// Clerks who enter, rewrite and cancel entries for as long as they are told, each a process of its own on one
-// database.
+// Clerks who enter, rewrite and cancel entries for as long as they are told, and runs that enter the same
+// month for everybody, each a process of its own on one database.
 //
-//   payslate_soak work CONNECT CLERK CLERKS SECONDS   clerk number CLERK, from 0, of CLERKS, each with
-//   employees of his own payslate_soak check CONNECT                       does the month add up?
+//   payslate_soak work CONNECT CLERK CLERKS SECONDS
+//       clerk number CLERK, from 0, of CLERKS, each with employees of his own
+//   payslate_soak month CONNECT SECONDS
+//       one run after the other
+//   payslate_soak check CONNECT
+//       does the month add up?
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <iostream>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -29,6 +34,9 @@ namespace {
 constexpr const char* newEntries =
     " and emhCompanyID = 1 and emhDate = '2026/04/30' and emhempID not in (118, 119)";
 constexpr int mostPresses = 200;
+// Two sentences begin so: for the month, when he is chosen, and for the period, when he is stored.
+constexpr const char* enteredAlready = "employee has an entry for ";
+constexpr const char* othersInTheWay = "Another user";
 constexpr int cancelledOfEvery = 4;
 
 struct Employee {
@@ -42,31 +50,36 @@ double number(ado::Connection& connection, const std::string& statement) {
   return basic::isNull(value) ? 0 : basic::CDbl(value);
 }
 
-/// Does one thing with one employee, and presses OK until the database takes it.
+clspayslate monthOf(ui::Desktop& desktop, const std::shared_ptr<ado::Connection>& connection) {
+  clspayslate component(desktop);
+  component.adocon(connection);
+  component.MsgboxTitle = "Payroll";
+  component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
+  component.intUserID = 1;
+  component.intInterfaceID = 40001;
+  component.intCompanyID = 1;
+  component.intfinancialid = 2026;
+  return component;
+}
+
+/// Does one thing with one employee, and presses OK until the database takes it, or a run has entered him.
 class SoakClerk : public ui::Clerk {
  public:
   enum class Wish { Enter, Rewrite, Cancel };
 
   int done = 0;
   int refused = 0;
-  std::string lastMessage;
+  int forestalled = 0;
 
   explicit SoakClerk(std::shared_ptr<ado::Connection> connection) : connection_(std::move(connection)) {}
 
   void perform(Wish wish, const Employee& employee) {
     wish_ = wish;
+    lastMessage_.clear();
     employee_ = employee;
     scripted::ScriptedDesktop desktop;
     desktop.setClerk(this);
-    clspayslate component(desktop);
-    component.adocon(connection_);
-    component.MsgboxTitle = "Payroll";
-    component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
-    component.intUserID = 1;
-    component.intInterfaceID = 40001;
-    component.intCompanyID = 1;
-    component.intfinancialid = 2026;
-    component.Show();
+    monthOf(desktop, connection_).Show();
   }
 
   void attend(ui::Form& form) override {
@@ -78,8 +91,10 @@ class SoakClerk : public ui::Clerk {
     }
     if (wish_ == Wish::Enter) {
       auto& employees = dynamic_cast<ui::ComboBox&>(*form.control("cboEmpname"));
-      for (int index = 0; index < employees.ListCount(); ++index)
-        if (employees.List(index) == employee_.name) form.input().choose(employees, index);
+      int index = 0;
+      while (index < employees.ListCount() && employees.List(index) != employee_.name) ++index;
+      if (index == employees.ListCount()) return yield(form);
+      form.input().choose(employees, index);
     } else {
       form.input().click(*form.control("chkHold"));
     }
@@ -87,7 +102,7 @@ class SoakClerk : public ui::Clerk {
   }
 
   ui::Answer answer(const ui::Message& message) override {
-    lastMessage = message.text;
+    lastMessage_ = message.text;
     return !message.asksYesNo()              ? ui::Answer::Ok
            : message.text == "Save Changes?" ? ui::Answer::No
                                              : ui::Answer::Yes;
@@ -97,11 +112,27 @@ class SoakClerk : public ui::Clerk {
  private:
   void press(ui::Form& form, ui::Control& ok) {
     for (int presses = 0; form.isLoaded() && presses < mostPresses; ++presses) {
-      if (presses > 0) ++refused;
       form.input().click(ok);
+      if (!form.isLoaded()) break;
+      if (wish_ == Wish::Enter && lastMessage_.find(enteredAlready) != std::string::npos) return yield(form);
+      ++refused;
+      if (lastMessage_.find(othersInTheWay) == std::string::npos) break;
     }
-    if (form.isLoaded()) throw std::runtime_error(employee_.name + " cannot be stored: " + lastMessage);
+    if (form.isLoaded()) throw std::runtime_error(employee_.name + " cannot be stored: " + lastMessage_);
     ++done;
+  }
+
+  void yield(ui::Form& form) {
+    if (liveEntry().empty()) throw std::runtime_error(employee_.name + " is not offered: " + lastMessage_);
+    ++forestalled;
+    form.abandon();
+  }
+
+  [[nodiscard]] std::string liveEntry() const {
+    ado::Recordset rows = connection_->Execute(
+        "select emhID from pempmonthlyentryheader where emhCancelled = 0 and emhempID = " + employee_.id +
+        newEntries);
+    return rows.Eof() ? "" : rows.Fields(0).Text();
   }
 
   void workOnList(ui::Form& list) {
@@ -117,9 +148,7 @@ class SoakClerk : public ui::Clerk {
 
   // The row of the employee's live entry, counted from 0 without the headings.
   int rowOf(const ui::Grid& grid) const {
-    const std::string id = basic::numberText(number(
-        *connection_, "select emhID from pempmonthlyentryheader where emhCancelled = 0 and emhempID = " +
-                          employee_.id + newEntries));
+    const std::string id = liveEntry();
     for (int row = 1; row < grid.Rows(); ++row)
       for (int column = 0; column < grid.Cols(); ++column)
         if (grid.TextMatrix(row, column) == id && column == 0) return row - 1;
@@ -129,6 +158,7 @@ class SoakClerk : public ui::Clerk {
   std::shared_ptr<ado::Connection> connection_;
   Wish wish_ = Wish::Enter;
   Employee employee_;
+  std::string lastMessage_;
 };
 
 // Everybody who can be entered: those with one sheet, for the whole month, who are paid in the company's
@@ -168,8 +198,39 @@ int work(const std::string& connect, std::size_t clerk, std::size_t clerks, int 
   for (const Employee& employee : own)
     if (entered.insert(employee.id).second) soak.perform(SoakClerk::Wish::Enter, employee);
   std::cout << "Clerk " << clerk << ": " << soak.done << " entries stored, OK pressed again " << soak.refused
-            << " times.\n";
+            << " times, " << soak.forestalled << " entered by a run first.\n";
   return 0;
+}
+
+int runMonths(const std::string& connect, int seconds) {
+  const auto connection = std::make_shared<ado::Connection>();
+  connection->Open(connect);
+  MonthOptions options;
+  for (const Employee& employee : employees(*connection)) options.employees.push_back(std::stoi(employee.id));
+  std::map<std::string, int> reasons;
+  int stored = 0;
+  int runs = 0;
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+  for (; std::chrono::steady_clock::now() < end; ++runs) {
+    scripted::ScriptedDesktop desktop;
+    const MonthReport report = monthOf(desktop, connection).EnterMonth(options);
+    if (report.count(MonthResult::Stored) + report.count(MonthResult::LeftOut) != options.employees.size())
+      throw std::runtime_error("A run has not stored or left out everybody.");
+    for (const MonthLine& line : report.lines) {
+      const std::string id = std::to_string(line.employeeId);
+      if (line.result == MonthResult::LeftOut) {
+        ++reasons[line.reasons.at(0).substr(0, line.reasons.at(0).find(':'))];
+      } else if (++stored;
+                 number(*connection, "select count(*) from pempmonthlyentryheader where emhempID = " + id +
+                                         " and emhNo = '" + line.entry + "'") != 1) {
+        throw std::runtime_error("Entry " + line.entry + " of employee " + id + " is not there.");
+      }
+    }
+  }
+  std::cout << runs << " month runs: " << stored << " entries stored.\n";
+  for (const auto& [reason, times] : reasons)
+    std::cout << "  left out " << times << " times: " << reason << '\n';
+  return stored > 0 ? 0 : 1;
 }
 
 int check(const std::string& connect) {
@@ -190,6 +251,10 @@ int check(const std::string& connect) {
   expect("numbers that are there twice",
          number(connection,
                 "select count(*) - count(distinct emhNo) from pempmonthlyentryheader where emhCompanyID = 1"),
+         0);
+  expect("second live entries of an employee",
+         number(connection,
+                "select count(*) - count(distinct emhempID) from pempmonthlyentryheader where 1 = 1" + live),
          0);
   for (const auto& [table, company, id] :
        {std::array{"pemployeeallowancedetail", "eadcompanyid", "eadid"},
@@ -214,8 +279,10 @@ int main(int argc, char** argv) {
   try {
     if (words.size() == 5 && words[0] == "work")
       return payslate::work(words[1], std::stoul(words[2]), std::stoul(words[3]), std::stoi(words[4]));
+    if (words.size() == 3 && words[0] == "month") return payslate::runMonths(words[1], std::stoi(words[2]));
     if (words.size() == 2 && words[0] == "check") return payslate::check(words[1]);
-    std::cerr << "Usage: payslate_soak work CONNECT CLERK CLERKS SECONDS | check CONNECT\n";
+    std::cerr
+        << "Usage: payslate_soak work CONNECT CLERK CLERKS SECONDS | month CONNECT SECONDS | check CONNECT\n";
   } catch (const std::exception& error) {
     std::cerr << "payslate_soak: " << error.what() << '\n';
   }

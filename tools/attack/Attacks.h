@@ -18,6 +18,8 @@ struct Plan {
 
 /// Saving processes are killed at random moments, half of them beside a second one at work.
 void killAtRandom(const Plan& plan);
+/// Runs that enter the month for everybody are killed at random moments; the next ones complete it.
+void killMonthRuns(const Plan& plan);
 /// A process ends at each write and each sync of a deed, by a kill or with the power.
 void cutAtEveryWrite(const Plan& plan);
 /// A clerk works on damaged copies of a database.

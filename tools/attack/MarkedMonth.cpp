@@ -145,6 +145,29 @@ Holdings MarkedMonth::holdings() {
   return found;
 }
 
+EntryRows MarkedMonth::rows() {
+  const std::pair<const char*, const char*> statements[] = {
+      {"emhID", "* from pempmonthlyentryheader where emhCompanyID = 1"},
+      {"eadid", "* from pemployeeallowancedetail where eadcompanyid = 1"},
+      {"eddid", "* from pemployeeDeductiondetail where eddcompanyid = 1"},
+      {"efdid", "* from pempfacilitydeductiondetail where efdcompanyid = 1"},
+      {"ecdPaySlateID", "* from pEmployeeCurrentDetails where ecdCompanyID = 1"},
+      {"ejEntryID",
+       "ejEntryID, ejSequence, ejUserID, ejAction, ejKind, ejItem, ejBefore, ejAfter from pEntryJournal "
+       "where ejCompanyID = 1"}};
+  EntryRows entries;
+  for (const auto& [id, statement] : statements) {
+    ado::Recordset found = session_.adocon()->Execute(std::string("select ") + statement);
+    for (; !found.Eof(); found.MoveNext()) {
+      std::string line = id;
+      for (std::size_t field = 0; field < found.FieldCount(); ++field)
+        line += '|' + found.Fields(field).Text();
+      entries[basic::CLng(found.Fields(id).Value())].insert(line);
+    }
+  }
+  return entries;
+}
+
 void MarkedMonth::requireJournal() {
   const JournalProof proof = proveJournal(session_, {});
   for (const auto& faults : {proof.broken, proof.foreign})

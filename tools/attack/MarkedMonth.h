@@ -38,6 +38,9 @@ struct Holding {
 };
 using Holdings = std::map<std::int32_t, Holding>;  ///< By employee.
 
+/// Every row of an entry and of its journal, without times and hashes, by its identifier.
+using EntryRows = std::map<std::int32_t, std::multiset<std::string>>;
+
 /// A database with the demo company, open in this process.
 class MarkedMonth {
  public:
@@ -50,6 +53,8 @@ class MarkedMonth {
   void perform(const Deed& deed);
   /// The month as one moment shows it; Broken for an entry that is not whole, and rows without one.
   Holdings holdings();
+  /// All entries of the company, of whatever month.
+  EntryRows rows();
   /// Broken where the journal does not hold, or tells of other entries than there are.
   void requireJournal();
 

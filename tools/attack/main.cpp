@@ -1,7 +1,7 @@
 // Attacks on the embedded engine and the component: kills, losses of power, damaged databases.
 //
 //   payslate-attack demo FILE                                                makes what the others start from
-//   payslate-attack kills|writes|copies|catalog FILE SEED PERCENT FOLDER [STEP]
+//   payslate-attack kills|months|writes|copies|catalog FILE SEED PERCENT FOLDER [STEP]
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
   using namespace payslate::attack;
   const std::vector<std::string> words(argv + 1, argv + argc);
   const std::map<std::string, void (*)(const Plan&)> attacks{{"kills", killAtRandom},
+                                                             {"months", killMonthRuns},
                                                              {"writes", cutAtEveryWrite},
                                                              {"copies", damageCopies},
                                                              {"catalog", damageCatalog}};

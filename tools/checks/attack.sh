@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Attacks on the embedded engine and the component: processes killed at random moments, and at every write and sync of a
-# save, also with the power; damaged copies of a database; the stored catalog, byte by byte. What was stored must be
-# there, entries whole, and a clerk told in clear sentences.
+# Attacks on the embedded engine and the component: processes killed at random moments, month runs among them, and at
+# every write and sync of a save, also with the power; damaged copies of a database; the stored catalog, byte by byte.
+# What was stored must be there, entries whole, a month completed by the next run, and a clerk told in clear sentences.
 # Usage: attack.sh PAYSLATE-ATTACK [SEED [PERCENT [ATTACK [STEP]]]]    100 percent are the full run
 set -euo pipefail
 attack=$(realpath "$1")
@@ -35,7 +35,7 @@ step=${5:-}
 if [ $# -ge 4 ]; then
   run "$4"
 else
-  run kills copies & one=$!
+  run kills months copies & one=$!
   run writes catalog & other=$!
   status=0
   wait "$one" || status=1
