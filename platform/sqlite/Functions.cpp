@@ -52,14 +52,12 @@ void giveText(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, bytes, text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void giveResult(sqlite3_context* context, const tsql::Answer& result) {
+void giveResult(sqlite3_context* context, const CellView& result) {
   if (const auto* whole = std::get_if<std::int64_t>(&result)) {
     sqlite3_result_int64(context, *whole);
   } else if (const auto* number = std::get_if<double>(&result)) {
     sqlite3_result_double(context, *number);
-  } else if (const auto* part = std::get_if<std::string_view>(&result)) {
-    giveText(context, *part);
-  } else if (const auto* text = std::get_if<std::string>(&result)) {
+  } else if (const auto* text = std::get_if<std::string_view>(&result)) {
     giveText(context, *text);
   } else {
     sqlite3_result_null(context);
@@ -90,7 +88,8 @@ void call(sqlite3_context* context, Views views) {
   const FunctionBinding& binding = *static_cast<FunctionBinding*>(sqlite3_user_data(context));
   guarded(context, *binding.file, [&] {
     const auto arguments = views();
-    giveResult(context, tsql::callRuntime(*binding.entry, tsql::Arguments(arguments)));
+    const tsql::Answer answer = tsql::callRuntime(*binding.entry, tsql::Arguments(arguments));
+    giveResult(context, answer.view());
   });
 }
 
@@ -155,7 +154,8 @@ void finishAggregate(sqlite3_context* context) {
   if (slot != nullptr) *slot = nullptr;
   guarded(context, *binding.file, [&] {
     if (!fold) fold = binding.entry->create();
-    giveResult(context, fold->result());
+    const tsql::Cell result = fold->result();
+    giveResult(context, result);
   });
 }
 

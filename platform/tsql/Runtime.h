@@ -30,6 +30,14 @@ class Answer : public std::variant<std::monostate, std::int64_t, double, std::st
     if (const auto* text = std::get_if<std::string_view>(&part)) emplace<std::string_view>(*text);
   }
   [[nodiscard]] Cell cell() const;
+  /// For as long as this is kept, and the argument.
+  [[nodiscard]] CellView view() const {
+    if (const auto* whole = std::get_if<std::int64_t>(this)) return *whole;
+    if (const auto* number = std::get_if<double>(this)) return *number;
+    if (const auto* text = std::get_if<std::string>(this)) return std::string_view(*text);
+    if (const auto* part = std::get_if<std::string_view>(this)) return *part;
+    return {};
+  }
 };
 
 using RuntimeCall = Answer (*)(Arguments);
