@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <regex>
 #include <sstream>
 
 #include "platform/ado/Error.h"
@@ -163,21 +162,31 @@ TEST(Answers, DoNotDependOnIndexesAndStatistics) {
 }
 
 /// Other numbers, whole ones longer by a digit, and other letters in texts.
-std::string ofTheSameShape(const std::string& statement) {
-  static const std::regex literal("'[^']*'|[A-Za-z_][A-Za-z_0-9]*|[0-9]+[.][0-9]*|[0-9]+");
+std::string ofTheSameShape(std::string_view statement) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto isNamed = [&](char c) {
+    return isDigit(c) || c == '_' || std::isalpha(static_cast<unsigned char>(c));
+  };
   std::string other;
-  std::string::const_iterator copied = statement.begin();
-  for (std::sregex_iterator it(statement.begin(), statement.end(), literal), end; it != end; ++it) {
-    std::string text = it->str();
-    const bool name = std::isalpha(static_cast<unsigned char>(text.front())) != 0 || text.front() == '_';
-    for (char& c : text)
-      if (!name && ((c >= '2' && c < '9') || (c >= 'a' && c < 'z'))) c = static_cast<char>(c + 1);
-    if (text.size() < 4 && text > "1" && text.find_first_not_of("0123456789") == std::string::npos)
-      text += '7';
-    other.append(copied, (*it)[0].first) += text;
-    copied = (*it)[0].second;
+  for (std::size_t at = 0; at < statement.size();) {
+    const bool quoted = statement[at] == '\'';
+    const bool number = isDigit(statement[at]);
+    std::size_t end = at + 1;
+    while (end < statement.size() && (quoted ? statement[end] != '\''
+                                             : isNamed(statement[at]) && (isNamed(statement[end]) ||
+                                                                          (number && statement[end] == '.'))))
+      ++end;
+    if (quoted && end < statement.size()) ++end;
+    std::string part(statement.substr(at, end - at));
+    for (char& c : part)
+      if ((quoted || number) && ((c >= '2' && c < '9') || (quoted && c >= 'a' && c < 'z')))
+        c = static_cast<char>(c + 1);
+    if (number && part.size() < 4 && part > "1" && std::all_of(part.begin(), part.end(), isDigit))
+      part += '7';
+    other += part;
+    at = end;
   }
-  return other.append(copied, statement.end());
+  return other;
 }
 
 /// Asks something else of the same shape first.
@@ -186,7 +195,7 @@ class WarmedProvider : public ado::ForwardingProvider {
   using ForwardingProvider::ForwardingProvider;
   std::unique_ptr<ado::Cursor> execute(std::string_view statement) override {
     if (!statement.starts_with("select")) return ForwardingProvider::execute(statement);
-    const std::string other = ofTheSameShape(std::string(statement));
+    const std::string other = ofTheSameShape(statement);
     try {
       const auto cursor = ForwardingProvider::execute(other);
       while (cursor && cursor->next()) {
