@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace payslate::tsql {
 
@@ -15,17 +16,21 @@ constexpr std::string_view singleSigns = "+-*/%=<>(),.;";
 /// What a byte can be: every statement is scanned, so each byte is looked up once.
 enum Class : std::uint8_t { Blank = 1, Digit = 2, NameStart = 4, NameRest = 8 };
 
-constexpr std::array<std::uint8_t, 256> classes = [] {
-  std::array<std::uint8_t, 256> table{};
-  for (const char c : std::string_view(" \t\r\n\f\v")) table[static_cast<unsigned char>(c)] = Blank;
-  for (std::size_t c = 0; c < table.size(); ++c) {
-    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c >= 0x80U;
-    if (letter || c == '_' || c == '#') table[c] = NameStart | NameRest;
-    if (c == '$' || c == '@') table[c] = NameRest;
-    if (c >= '0' && c <= '9') table[c] = Digit | NameRest;
-  }
-  return table;
-}();
+constexpr std::uint8_t classOf(char c) {
+  const bool letter =
+      (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 0x80U;
+  if (letter || c == '_' || c == '#') return NameStart | NameRest;
+  if (c == '$' || c == '@') return NameRest;
+  if (c >= '0' && c <= '9') return Digit | NameRest;
+  return c == ' ' || (c >= '\t' && c <= '\r') ? Blank : 0;  // The controls between are \n, \v and \f.
+}
+
+template <std::size_t... bytes>
+constexpr std::array<std::uint8_t, sizeof...(bytes)> classesOf(std::index_sequence<bytes...>) {
+  return {classOf(static_cast<char>(bytes))...};
+}
+
+constexpr auto classes = classesOf(std::make_index_sequence<256>());
 
 constexpr bool is(char c, Class wanted) {
   return (classes[static_cast<unsigned char>(c)] & wanted) != 0;
