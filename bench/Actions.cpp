@@ -5,7 +5,6 @@
 
 #include "browser/FrmMaster.h"
 #include "entry/frmpayslate.h"
-#include "payslate/clspayslate.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 
@@ -25,6 +24,8 @@ std::string nameOf(Action action) {
       return "open-stored";
     case Action::MonthRun:
       return "month-run";
+    case Action::Review:
+      return "review";
   }
   throw std::logic_error("An action without a name");
 }
@@ -116,21 +117,33 @@ void Desk::openStored(const std::vector<std::int32_t>& entries, const Meter& met
   }
 }
 
-void Desk::enterMonth(const std::vector<std::int32_t>& employees, const Meter& meter) {
+clspayslate Desk::component(basic::Date processDate) {
   clspayslate component(desktop_);
   component.adocon(connection_);
-  component.ProcessDate = processDate();
+  component.ProcessDate = processDate;
   component.intUserID = 1;
   component.intInterfaceID = interfaceId;
   component.intCompanyID = measuredCompany;
   component.intfinancialid = financialYear;
+  return component;
+}
+
+void Desk::enterMonth(const std::vector<std::int32_t>& employees, const Meter& meter) {
+  clspayslate host = component(processDate());
   MonthOptions options;
   options.employees = employees;
   MonthReport report;
-  meter(Action::MonthRun, [&] { report = component.EnterMonth(options); });
+  meter(Action::MonthRun, [&] { report = host.EnterMonth(options); });
   for (const MonthLine& line : report.lines)
     if (line.result != MonthResult::Stored)
       throw std::runtime_error(line.name + ": " + (line.reasons.empty() ? "not stored" : line.reasons[0]));
+}
+
+std::size_t Desk::review(const Meter& meter) {
+  clspayslate host = component(processDate().plusMonths(-1));
+  MonthReview review;
+  meter(Action::Review, [&] { review = host.ReviewMonth({}); });
+  return review.employees;
 }
 
 std::size_t Desk::tidy() const {

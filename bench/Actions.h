@@ -8,12 +8,13 @@
 
 #include "bench/PayrollData.h"
 #include "component/BasPaySlate.h"
+#include "payslate/clspayslate.h"
 #include "platform/scripted/ScriptedDesktop.h"
 #include "platform/ui/Clerk.h"
 
 namespace payslate::bench {
 
-enum class Action { List, NewEntry, Choose, Save, OpenStored, MonthRun };
+enum class Action { List, NewEntry, Choose, Save, OpenStored, MonthRun, Review };
 std::string nameOf(Action action);
 
 /// Calls what it is given, once, and takes down what that cost.
@@ -38,6 +39,8 @@ class Desk {
   void enter(const std::vector<std::int32_t>& employees, const Meter& meter);
   void openStored(const std::vector<std::int32_t>& entries, const Meter& meter);
   void enterMonth(const std::vector<std::int32_t>& employees, const Meter& meter);
+  /// Looks at March 2026, of which there are entries, beside February; how many employees it is about.
+  std::size_t review(const Meter& meter);
   /// Removes every entry that is not the payroll's own; how many there were.
   std::size_t tidy() const;
 
@@ -49,6 +52,7 @@ class Desk {
     ui::Answer answer(const ui::Message& message) override;
     ui::MenuItem* pick(ui::Form&, const ui::PopupMenu&) override { return nullptr; }
   };
+  [[nodiscard]] clspayslate component(basic::Date processDate);
   void beginSession();
   void requireQuiet(Action action) const;
 

@@ -103,6 +103,7 @@ std::map<Row, Samples> measured(const std::string& path, const PayrollSize& size
   for (int i = 0; i < repetitions; ++i)
     rounds.round(", an employee", everybody.size(),
                  [&](const Meter& meter) { desk.enterMonth(everybody, meter); });
+  for (int i = 0; i < repetitions; ++i) rounds.round("", 1, [&](const Meter& meter) { desk.review(meter); });
   if (hasFullPrefix(size)) {
     desk.usePrefix(fullPrefix);
     inRounds(ownNumbers, 2 * employeesOfRound);

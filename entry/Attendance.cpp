@@ -72,8 +72,8 @@ std::string coverageStatement(const Session& session, std::int32_t employeeId, b
          " and eaEmpID=" + std::to_string(employeeId);
 }
 
-/// `start` in the year that brings it nearest to `entryDate`: the pay months are those of one year, and an
-/// entry may be of another. One rule for new entries and stored ones, or opening one would move it.
+}  // namespace
+
 basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
   const auto distance = [&](int years) {
     return std::abs(basic::daysBetween(start.plusYears(years), entryDate));
@@ -82,8 +82,6 @@ basic::Date nearestYear(basic::Date start, basic::Date entryDate) {
   return start.plusYears(std::min({years - 1, years, years + 1},
                                   [&](int left, int right) { return distance(left) < distance(right); }));
 }
-
-}  // namespace
 
 void Attendance::computePeriod(common::CommonDB& database) {
   bas_.dtPeriodStart = bas_.dtPeriodEnd = basic::Date();  // Should it fail, no other month's period stays.

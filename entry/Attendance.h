@@ -21,6 +21,10 @@ class DatePicker;
 class TextBox;
 }  // namespace ui
 
+/// `start` in the year that brings it nearest to `entryDate`: the pay months are those of one year, and an
+/// entry may be of another. One rule for new entries and stored ones, or opening one would move it.
+basic::Date nearestYear(basic::Date start, basic::Date entryDate);
+
 struct AttendanceControls {
   const ui::DatePicker& dtpattdate;
   ui::TextBox& txtTotalDays;

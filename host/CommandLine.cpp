@@ -31,6 +31,10 @@ struct Words {
   std::string showDate;
   MonthWish month;
   std::string monthDate;
+  ReviewWish review;
+  std::string reviewDate;
+  std::string reviewPercent;
+  std::string reviewAmount;
   JournalWish journal;
 };
 
@@ -51,13 +55,14 @@ class Commands {
     addErrand();
     addJournal();
     addMonth();
+    addReview();
     addShow();
   }
 
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month or journal.");
+    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month, review or journal.");
   }
 
  private:
@@ -148,6 +153,32 @@ class Commands {
     });
   }
 
+  void addReview() {
+    CLI::App* parser = app_.add_subcommand(
+        "review", "Shows the month beside the one before: who is missing, who is paid more or less, and why");
+    ReviewWish& wish = words_.review;
+    addSession(parser, wish.connect, wish.session, words_.reviewDate);
+    parser->add_option("--department", wish.options.departments, "Only employees of these departments")
+        ->check(longNumber);
+    parser->add_option("--percent", words_.reviewPercent,
+                       "A net pay has changed that differs by more percent; 25 if it is not given");
+    parser->add_option("--amount", words_.reviewAmount,
+                       "A net pay has also changed that differs by more than this");
+    parser->add_option("--accept", wish.options.acceptAs,
+                       "Closes the month under this name, and writes that to the journal");
+    addFormat(parser, wish.format);
+    commands_.emplace_back(parser, [this, parser] {
+      ReviewWish& given = words_.review;
+      given.session.date = dateOf(words_.reviewDate);
+      if (parser->count("--percent") > 0)
+        given.options.percent = decimalOf("--percent", words_.reviewPercent);
+      if (parser->count("--amount") > 0) given.options.amount = decimalOf("--amount", words_.reviewAmount);
+      if (parser->count("--accept") > 0 && basic::Trim(given.options.acceptAs).empty())
+        throw Refusal("--accept takes the name under which the month is closed.");
+      return review(given, out_);
+    });
+  }
+
   void addShow() {
     CLI::App* parser = app_.add_subcommand("show", "Opens the list of monthly entries");
     scripted::HostSession& session = words_.show.session;
@@ -183,6 +214,16 @@ class Commands {
     } catch (const basic::ValueError&) {
       throw Refusal("--date is \"" + text + "\" and no date written yyyy/mm/dd.");
     }
+  }
+
+  static basic::Decimal decimalOf(const char* option, const std::string& text) {
+    try {
+      const auto number = basic::Decimal::parse(text);
+      if (!number.isNegative()) return number;
+    } catch (const basic::ValueError&) {
+      // Told like a number below 0.
+    }
+    throw Refusal(std::string(option) + " is \"" + text + "\" and no number like 25 or 12.50.");
   }
 
   CLI::App& app_;
@@ -241,7 +282,7 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     problem = extra ? unexpected(app) : error.what();
     if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
       problem =
-          "There is no such command; use demo, init, upgrade, errand, show, month or journal, or --help";
+          "There is no such command; use demo, init, upgrade, errand, show, month, review or journal, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

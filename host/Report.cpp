@@ -17,10 +17,12 @@ struct Column {
   bool toTheRight = true;  ///< It holds numbers, or nothing.
 };
 
-std::vector<Column> columnsOf(const Report& report) {
+using Row = std::vector<std::string>;
+
+std::vector<Column> columnsOf(const Row& headings, const std::vector<Row>& rows) {
   std::vector<Column> columns;
-  for (const std::string& heading : report.headings) columns.push_back({basic::characterCount(heading)});
-  for (const auto& row : report.rows) {
+  for (const std::string& heading : headings) columns.push_back({basic::characterCount(heading)});
+  for (const Row& row : rows) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       columns[i].width = std::max(columns[i].width, basic::characterCount(row[i]));
       if (!basic::IsNumeric(row[i]) && row[i] != "-" && !row[i].empty()) columns[i].toTheRight = false;
@@ -29,9 +31,9 @@ std::vector<Column> columnsOf(const Report& report) {
   return columns;
 }
 
-void writeTable(std::ostream& out, const Report& report) {
-  const std::vector<Column> columns = columnsOf(report);
-  const auto writeLine = [&](const std::vector<std::string>& cells, bool isHeading) {
+void writeTable(std::ostream& out, const Row& headings, const std::vector<Row>& rows) {
+  const std::vector<Column> columns = columnsOf(headings, rows);
+  const auto writeLine = [&](const Row& cells, bool isHeading) {
     std::string line;
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const std::string blanks(columns[i].width - basic::characterCount(cells[i]), ' ');
@@ -40,9 +42,17 @@ void writeTable(std::ostream& out, const Report& report) {
     line.erase(line.find_last_not_of(' ') + 1);
     out << line << '\n';
   };
-  writeLine(report.headings, true);
-  for (const auto& row : report.rows) writeLine(row, false);
-  if (report.rows.empty()) out << "  no rows\n";
+  writeLine(headings, true);
+  for (const Row& row : rows) writeLine(row, false);
+  if (rows.empty()) out << "  no rows\n";
+}
+
+void writeTables(std::ostream& out, const Report& report) {
+  writeTable(out, report.headings, report.rows);
+  for (const ReportPart& part : report.parts) {
+    out << '\n' << part.title << '\n';
+    writeTable(out, part.headings, part.rows);
+  }
 }
 
 std::string csvText(const std::string& text) {
@@ -61,20 +71,26 @@ void writeCsv(std::ostream& out, const Report& report) {
   for (const auto& row : report.rows) writeLine(row);
 }
 
+nlohmann::ordered_json objectsOf(const Row& headings, const std::vector<Row>& rows) {
+  auto objects = nlohmann::ordered_json::array();
+  for (const Row& row : rows) {
+    nlohmann::ordered_json object;
+    for (std::size_t i = 0; i < row.size(); ++i) object[headings[i]] = row[i];
+    objects.push_back(std::move(object));
+  }
+  return objects;
+}
+
 // Texts of a database need not be UTF-8 throughout.
 void writeJson(std::ostream& out, const Report& report) {
   constexpr int indentation = 2;
-  auto objects = nlohmann::ordered_json::array();
-  for (const auto& row : report.rows) {
-    nlohmann::ordered_json object;
-    for (std::size_t i = 0; i < row.size(); ++i) object[report.headings[i]] = row[i];
-    objects.push_back(std::move(object));
-  }
-  nlohmann::ordered_json document = std::move(objects);
+  nlohmann::ordered_json document = objectsOf(report.headings, report.rows);
   if (!report.options.empty()) {
     nlohmann::ordered_json options;
     for (const auto& [name, value] : report.options) options[name] = value;
     document = {{"options", std::move(options)}, {"rows", std::move(document)}};
+    for (const ReportPart& part : report.parts) document[part.name] = objectsOf(part.headings, part.rows);
+    for (const auto& [name, value] : report.facts) document[name] = value;
   }
   out << document.dump(indentation, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
 }
@@ -90,7 +106,7 @@ const std::map<std::string, ReportFormat>& reportFormats() {
 void write(std::ostream& out, const Report& report, ReportFormat format) {
   switch (format) {
     case ReportFormat::Table:
-      return writeTable(out, report);
+      return writeTables(out, report);
     case ReportFormat::Csv:
       return writeCsv(out, report);
     case ReportFormat::Json:

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "months/MonthReport.h"
+#include "months/MonthReview.h"
 #include "platform/ado/Connection.h"
 #include "platform/basic/Date.h"
 
@@ -43,6 +44,12 @@ class clspayslate {
   /// can be entered, ado::Error where the employees cannot be read; nothing is written then. The session
   /// counts as for Show, but for the title.
   MonthReport EnterMonth(const MonthOptions& options, const MonthProgress& progress = {});
+
+  /// The month of ProcessDate beside the one before, for somebody who looks at it before the payroll run: who
+  /// has no entry, and who is paid more or less, and why. Reads the whole month by a fixed number of
+  /// statements, and writes nothing unless it accepts the month. MonthRefused where the month has no pay
+  /// period or cannot be accepted; ado::Error. The session counts as for Show, but for the title.
+  MonthReview ReviewMonth(const ReviewOptions& options);
 
  private:
   void handOver(struct Session& session);

@@ -68,7 +68,8 @@ std::string doneBy(const std::string& action) {
       {JournalAction::Rewrite, "Changed"},
       {JournalAction::Cancel, "Cancelled"},
       {JournalAction::Noticed, "Changed by another program"},
-      {JournalAction::Seal, "Sealed"}};
+      {JournalAction::Seal, "Sealed"},
+      {JournalAction::Accept, "Accepted"}};
   const auto found = words.find(action);
   return found == words.end() ? action : found->second;
 }

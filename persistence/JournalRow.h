@@ -15,6 +15,7 @@ constexpr const char* Rewrite = "rewrite";
 constexpr const char* Cancel = "cancel";
 constexpr const char* Noticed = "noticed";  ///< Another program had changed the amount before the next row.
 constexpr const char* Seal = "seal";
+constexpr const char* Accept = "accept";  ///< A month was looked over and closed.
 }  // namespace JournalAction
 
 /// Rows that concern the whole company stand in the chain of entry 0.
