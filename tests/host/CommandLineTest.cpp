@@ -265,6 +265,48 @@ TEST_F(CommandLine, TheUnwatchedDemoEntersOneMoreEmployeeEachTime) {
   EXPECT_EQ(std::stoi(valueOf("demo.db", count)), entries + 1);
 }
 
+TEST_F(CommandLine, TheMonthIsReviewedAndAccepted) {
+  ASSERT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
+  const auto said = [this](const std::vector<std::string>& words, int code) {
+    std::vector<std::string> all{"review", "--connect", "demo.db",     "--company", "1",
+                                 "--user", "2",         "--interface", "40001",     "--year",
+                                 "2026",   "--date",    "2026/04/30"};
+    all.insert(all.end(), words.begin(), words.end());
+    const Outcome outcome = call(all);
+    EXPECT_EQ(outcome.code, code) << outcome.err;
+    return outcome.out + outcome.err;
+  };
+  const auto expectIn = [](const std::string& text, const std::string& part) {
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+  };
+  const std::string csv = said({"--format", "csv", "--department", "20"}, 0);
+  EXPECT_EQ(
+      csv.find("employee,name,department,entry,currency,basic,allowances,deductions,net,before,difference,"
+               "flags,remarks\n102,Bram Maruvi,Dye house,,Rs,,,,,18982.60,-18982.60,no-entry missing,"
+               "try a dry run\n"),
+      0U)
+      << csv;
+  expectIn(csv,
+           "\n119,Samir Farrow,Dye house,EN64,Rs,19660.00,1966.00,2359.20,19266.80,19266.80,0.00,hold,\n");
+  expectIn(said({}, 0), "\nTotals:\n");
+  const std::string table = said({"--accept", "April"}, 0);
+  expectIn(table, "\n  April  Ravi Telwin  20");
+  expectIn(table, "\n43 employees, 45 lines, ");
+  const std::string json = said({"--format", "json", "--percent", "10.5", "--amount", "500"}, 0);
+  expectIn(json, "\"percent\": \"10.5\",\n    \"amount\": \"500\"");
+  expectIn(json, "\"name\": \"April\",\n      \"user\": \"Ravi Telwin\"");
+  expectIn(json, "\"flags\": \"no-entry\",\n      \"remarks\": \"joins later, 2026/05/04\"");
+  expectIn(json, "\"sums\": [");
+  expectIn(json,
+           "\"changes\": [],\n  \"totals changed\": [],\n  \"employees\": \"43\",\n  \"statements\": \"");
+  expectIn(said({"--percent", "-1"}, 2), "--percent is \"-1\" and no number like 25 or 12.50.");
+  expectIn(said({"--amount", "much"}, 2), "--amount is \"much\"");
+  expectIn(said({"--accept", " "}, 2), "--accept takes the name");
+  expectIn(said({"--accept", "x", "--department", "10"}, 2), "A month is accepted as a whole");
+  openDatabase("demo.db")->Execute("delete from ppaymonths where companyid = 1");
+  expectIn(said({}, 2), "Pay month 4 of this company has no start date");
+}
+
 TEST_F(CommandLine, TheJournalIsShownSealedAndProved) {
   ASSERT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
   const auto said = [this](const std::vector<std::string>& words, int code) {

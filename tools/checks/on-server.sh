@@ -22,7 +22,7 @@ step() {
 for program in tsql/payslate_tsql_tests ado/payslate_ado_tests; do step "$build/tests/$program"; done
 step "$build/tests/schema/payslate_schema_tests" --gtest_filter='Schema.*'
 step "$build/tests/schema/payslate_schema_tests" --gtest_filter='DemoTest.*'
-for one in 'SaveFaults.*' 'WholeCompany.*' 'Component.*' 'MonthRun.Stores*:MonthRun.OneFailure*'; do
+for one in 'SaveFaults.*' 'WholeCompany.*' 'Component.*' 'MonthRun.Stores*:MonthRun.OneFailure*' 'MonthReview.*'; do
   step "$build/tests/component/payslate_component_tests" --gtest_filter="$one"
 done
 for sequence in physical-names editing whole-month; do
