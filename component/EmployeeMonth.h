@@ -2,6 +2,7 @@
 // everybody.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -52,9 +53,7 @@ struct MonthCalendars {
 
   [[nodiscard]] bool has(const EmployeeMonth& employee, int year) const {
     if (byDepartment && employee.departmentIsKnown) return known.contains({employee.departmentId, year});
-    for (const auto& [department, ofYear] : known)
-      if (ofYear == year) return true;
-    return false;
+    return std::any_of(known.begin(), known.end(), [year](const auto& one) { return one.second == year; });
   }
 };
 
