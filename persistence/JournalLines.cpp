@@ -64,12 +64,9 @@ class Names {
 
 std::string doneBy(const std::string& action) {
   static const std::map<std::string, std::string, std::less<>> words{
-      {JournalAction::Store, "Entered"},
-      {JournalAction::Rewrite, "Changed"},
-      {JournalAction::Cancel, "Cancelled"},
-      {JournalAction::Noticed, "Changed by another program"},
-      {JournalAction::Seal, "Sealed"},
-      {JournalAction::Accept, "Accepted"}};
+      {JournalAction::Store, "Entered"},    {JournalAction::Rewrite, "Changed"},
+      {JournalAction::Cancel, "Cancelled"}, {JournalAction::Noticed, "Changed by another program"},
+      {JournalAction::Seal, "Sealed"},      {JournalAction::Accept, "Accepted"}};
   const auto found = words.find(action);
   return found == words.end() ? action : found->second;
 }
