@@ -29,6 +29,16 @@ struct FormulaOrigin {
   double answer = 0;
 };
 
+/// The day counts that formulas speak of.
+struct FormulaDays {
+  double present = 0;  ///< Without holidays.
+  double absent = 0;
+  double leave = 0;
+  double holidays = 0;
+
+  bool operator==(const FormulaDays&) const = default;
+};
+
 enum class RateSource { None, EmployeeMaster, BasicPay };
 
 /// Hours of the sheets, and the rate that they are paid or docked at.

@@ -59,8 +59,8 @@ class PayFacts {
   /// The formula of a type of allowance or deduction; below 1 when it has none.
   virtual std::int32_t formulaOf(PayKind kind, std::int32_t componentId) = 0;
   virtual std::string formulaCode(std::int32_t formulaId) = 0;
-  /// Computed now, by the form's day counts. Throws what the computation throws.
-  virtual FormulaOrigin formula(std::int32_t formulaId) = 0;
+  /// Computed now, by these day counts. Throws what the computation throws.
+  virtual FormulaOrigin formula(std::int32_t formulaId, const FormulaDays& days) = 0;
 
   /// The amount in the employee's standing pay, if the type is among it.
   virtual std::optional<double> standing(PayKind kind, std::int32_t componentId) = 0;

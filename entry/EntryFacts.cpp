@@ -13,8 +13,8 @@ std::int32_t EntryFacts::formulaOf(PayKind kind, std::int32_t componentId) {
       .formulaId(*rules_.helpers.objCommonDB, componentId);
 }
 
-FormulaOrigin EntryFacts::formula(std::int32_t formulaId) {
-  return rules_.formulas.computed(formulaId);
+FormulaOrigin EntryFacts::formula(std::int32_t formulaId, const FormulaDays& days) {
+  return rules_.formulas.computed(formulaId, days);
 }
 
 HoursOrigin EntryFacts::rate(PayKind kind) {

@@ -21,7 +21,7 @@ class EntryFacts : public PayFactsReader {
       : PayFactsReader(session, employeeId, entryId), rules_(rules) {}
 
   std::int32_t formulaOf(PayKind kind, std::int32_t componentId) override;
-  FormulaOrigin formula(std::int32_t formulaId) override;
+  FormulaOrigin formula(std::int32_t formulaId, const FormulaDays& days) override;
   HoursOrigin rate(PayKind kind) override;
 
  private:

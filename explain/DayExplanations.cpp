@@ -14,22 +14,25 @@ using basic::numberText;
 
 namespace {
 
-/// A code of a day, and what it counts as when a month is entered and in a stored one.
+/// A code of a day, and what of the day it makes present and absent. The rest is leave.
 struct DayCode {
   const char* code;
   double present;
   double absent;
-  bool half;
-  const char* counts;
+
+  [[nodiscard]] bool isHalf() const { return present == half || absent == half; }
+  [[nodiscard]] bool isHoliday() const { return basic::sameName(code, "h"); }
+  [[nodiscard]] bool leavesLeave() const { return present + absent < 1; }
+
+  static constexpr double half = 0.5;
 };
 
-constexpr double half = 0.5;
-constexpr std::array<DayCode, 6> codes{{{"p", 1, 0, false, "present"},
-                                        {"h", 1, 0, false, "present, holiday"},
-                                        {"a", 0, 1, false, "absent"},
-                                        {"HL", half, 0, true, "half present, half leave"},
-                                        {"HA", half, half, true, "half present, half absent"},
-                                        {"AL", 0, half, true, "half absent, half leave"}}};
+constexpr std::array<DayCode, 6> codes{{{"p", 1, 0},
+                                        {"h", 1, 0},
+                                        {"a", 0, 1},
+                                        {"HL", DayCode::half, 0},
+                                        {"HA", DayCode::half, DayCode::half},
+                                        {"AL", 0, DayCode::half}}};
 
 const DayCode* codeNamed(const std::string& code) {
   const auto same = [&](const DayCode& one) { return basic::sameName(one.code, basic::Trim(code)); };
@@ -37,23 +40,57 @@ const DayCode* codeNamed(const std::string& code) {
   return found == codes.end() ? nullptr : &*found;
 }
 
-std::string countsAs(const std::string& written, bool halvesCount) {
-  const DayCode* code = codeNamed(written);
+/// A date counts once in each count, however often sheets name it: what of a day is new.
+class NewDays {
+ public:
+  double present(const DayCode& code, basic::Date date) {
+    return code.present > 0 && isFirst(code.isHalf() ? "half present" : "present", date) ? code.present : 0;
+  }
+  double absent(const DayCode& code, basic::Date date) {
+    return code.absent > 0 && isFirst(code.isHalf() ? "half absent" : "absent", date) ? code.absent : 0;
+  }
+  bool holiday(const DayCode& code, basic::Date date) { return code.isHoliday() && isFirst("holiday", date); }
+  bool leave(const DayCode& code, basic::Date date) { return code.leavesLeave() && isFirst("leave", date); }
+
+ private:
+  bool isFirst(const char* count, basic::Date date) { return counted_.emplace(count, date.serial()).second; }
+
+  std::set<std::pair<std::string, double>> counted_;
+};
+
+std::string countsAs(const DayFact& day, bool halvesCount, NewDays& days) {
+  const DayCode* code = codeNamed(day.code);
   if (code == nullptr) return "leave";
-  return code->half && !halvesCount ? "leave, half days do not count in a stored entry" : code->counts;
+  if (code->isHalf() && !halvesCount) return "leave, half days do not count in a stored entry";
+  const std::string share = code->isHalf() ? "half " : "";
+  std::string counts;
+  const auto add = [&](bool isNew, const std::string& what) {
+    if (isNew) counts += (counts.empty() ? "" : ", ") + what;
+  };
+  add(days.present(*code, day.date) > 0, share + "present");
+  add(days.absent(*code, day.date) > 0, share + "absent");
+  add(days.holiday(*code, day.date), "holiday");
+  add(days.leave(*code, day.date), share + "leave");
+  return counts.empty() ? "counted already" : counts;
 }
 
-/// The distinct dates of each day code that takes part in a count.
-double absentDays(const AttendanceFact& attendance, basic::Date first, basic::Date last) {
-  std::set<std::pair<bool, double>> counted;  // half or whole, date
-  double days = 0;
-  for (const DayFact& day : attendance.days) {
-    const DayCode* code = codeNamed(day.code);
-    if (code == nullptr || code->absent == 0 || day.date < first || day.date > last) continue;
-    if (counted.insert({code->half, day.date.serial()}).second) days += code->absent;
+/// The days of the period as they count when a month is entered.
+struct EnteredDays {
+  double present = 0;
+  double absent = 0;
+  double holidays = 0;
+
+  EnteredDays(const AttendanceFact& attendance, basic::Date first, basic::Date last) {
+    NewDays days;
+    for (const DayFact& day : attendance.days) {
+      const DayCode* code = codeNamed(day.code);
+      if (code == nullptr || day.date < first || day.date > last) continue;
+      present += days.present(*code, day.date);
+      absent += days.absent(*code, day.date);
+      holidays += days.holiday(*code, day.date) ? 1 : 0;
+    }
   }
-  return days;
-}
+};
 
 struct BoxName {
   const char* title;
@@ -128,18 +165,29 @@ void Explainer::sheets(Lines& lines) const {
   for (const SheetFact& sheet : attendance.sheets)
     lines.push_back(
         {"Sheet " + std::to_string(sheet.id), dateText(sheet.first) + " to " + dateText(sheet.last)});
-  std::map<double, std::vector<std::string>> codesOf;
-  for (const DayFact& day : attendance.days) codesOf[day.date.serial()].push_back(basic::Trim(day.code));
+  std::map<double, std::vector<const DayFact*>> facts;
+  for (const DayFact& day : attendance.days) facts[day.date.serial()].push_back(&day);
   const basic::Date joined = entry.periodEnd.plusDays(1 - days.employedDays);
+  NewDays counted;
   for (basic::Date date = entry.periodStart; date <= entry.periodEnd; date = date.plusDays(1)) {
-    const auto found = codesOf.find(date.serial());
-    if (found == codesOf.end()) {
+    const auto found = facts.find(date.serial());
+    if (found == facts.end()) {
       lines.push_back({dateText(date), days.known && date < joined ? "before joining" : "no code, leave"});
       continue;
     }
-    for (const std::string& code : found->second)
-      lines.push_back({dateText(date), code + ", " + countsAs(code, days.halvesCount)});
+    for (const DayFact* day : found->second)
+      lines.push_back(
+          {dateText(date), basic::Trim(day->code) + ", " + countsAs(*day, days.halvesCount, counted)});
   }
+}
+
+FormulaDays Explainer::enteredDays() const {
+  const basic::Date first = month_.entry.periodStart;
+  const basic::Date last = month_.entry.periodEnd;
+  const EnteredDays days(facts_->attendance(), first, last);
+  const basic::Date from = std::max(first, facts_->employee().joined);
+  const auto employed = static_cast<double>(basic::daysBetween(from, last) + 1);
+  return {days.present - days.holidays, days.absent, employed - days.present - days.absent, days.holidays};
 }
 
 // As a new entry of the period would have it.
@@ -150,7 +198,7 @@ BasicPayOrigin Explainer::basicPayToday(const EmployeeFact& employee) const {
   origin.known = true;
   origin.master = employee.basicPay;
   origin.totalDays = static_cast<double>(basic::daysBetween(first, last) + 1);
-  origin.absentDays = absentDays(facts_->attendance(), first, last);
+  origin.absentDays = EnteredDays(facts_->attendance(), first, last).absent;
   origin.daysBeforeJoining = std::max(0L, basic::daysBetween(first, employee.joined));
   origin.lossThroughDeductions = employee.lossThroughDeductions;
   return origin;

@@ -46,7 +46,8 @@ Explainer::Row Explainer::allowanceRow(std::size_t row) const {
           cell(cells, AllowColumn::Default),
           cell(cells, AllowColumn::Symbol),
           {},
-          originOf(month_.entry.origins.allowances, row)};
+          originOf(month_.entry.origins.allowances, row),
+          row};
 }
 
 Explainer::Row Explainer::deductionRow(std::size_t row) const {
@@ -59,7 +60,8 @@ Explainer::Row Explainer::deductionRow(std::size_t row) const {
           cell(cells, DeductColumn::Type),
           cell(cells, DeductColumn::CurrencySymbol),
           cell(cells, DeductColumn::TransactionID),
-          originOf(month_.entry.origins.deductions, row)};
+          originOf(month_.entry.origins.deductions, row),
+          row};
 }
 
 Explanation Explainer::explained(const Row& row) const {

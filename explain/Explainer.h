@@ -54,6 +54,7 @@ class Explainer {
   [[nodiscard]] Explanation countOf(DayBox box) const;
   [[nodiscard]] BasicPayOrigin basicPayToday(const EmployeeFact& employee) const;
   void sheets(std::vector<ExplanationLine>& lines) const;
+  [[nodiscard]] FormulaDays enteredDays() const;
 
   [[nodiscard]] Explanation total(std::size_t row) const;
 

@@ -20,6 +20,7 @@ struct Explainer::Row {
   std::string symbol;
   std::string transaction;
   Origin origin;
+  std::size_t index = 0;  ///< In its list.
 
   [[nodiscard]] std::int32_t componentId() const;
   /// The amount that the rule's line is about: before somebody changed it.

@@ -28,13 +28,14 @@ void Explainer::formula(const FormulaOrigin& formula, Lines& lines) const {
   explainFormula(lines, formula, facts_ == nullptr ? std::string() : facts_->formulaCode(formula.id));
 }
 
-// Nothing where the type has none.
+// Nothing where the type has none. By the days as they count when a month is entered, which the boxes of a
+// stored entry do not show.
 Explainer::Today Explainer::formulaToday(const Row& row, Lines& lines) const {
   if (facts_ == nullptr) return {};
   const std::int32_t id = facts_->formulaOf(row.kind, row.componentId());
   if (id <= 0) return {};
   try {
-    const FormulaOrigin computed = facts_->formula(id);
+    const FormulaOrigin computed = facts_->formula(id, enteredDays());
     formula(computed, lines);
     return computed.answer;
   } catch (const std::exception& error) {
@@ -81,7 +82,7 @@ Explainer::Today Explainer::added(const Row& row, Lines& lines) const {
   if (fromHours) return hours(row, lines);
   const std::size_t before = lines.size();
   const Today computed = formulaToday(row, lines);
-  if (lines.size() == before) lines.push_back({"Added", "by the clerk, who typed the amount"});
+  if (lines.size() == before) lines.push_back({"Typed", "by the clerk"});
   return computed;
 }
 
@@ -124,7 +125,12 @@ Explainer::Today Explainer::account(const Row& row, Lines& lines) const {
     lines.push_back({kind, row.transaction + ", which is gone"});
     return {};
   }
-  explainAccount(lines, kind, row.transaction, *fact, basic::Val(row.amount));
+  double taken = 0;  // By this row and those above it.
+  for (std::size_t at = 0; at <= row.index; ++at) {
+    const Row other = deductionRow(at);
+    if (other.type == row.type && other.transaction == row.transaction) taken += basic::Val(other.amount);
+  }
+  explainAccount(lines, kind, row.transaction, *fact, taken);
   return dueOf(*fact);
 }
 

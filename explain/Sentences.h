@@ -21,9 +21,9 @@ void explainFormula(Lines& lines, const FormulaOrigin& formula, const std::strin
 /// Hours with their days where they are known, the rate and where it is from, what they come to.
 void explainHours(Lines& lines, const HoursOrigin& hours, const std::vector<BookedHours>& booked);
 
-/// Account, balance, instalment, which of the two was taken, what remains behind `amount`.
+/// Account, balance, instalment, which of the two is due, what remains behind `taken`.
 void explainAccount(Lines& lines, const char* kind, const std::string& account, const AccountFact& fact,
-                    double amount);
+                    double taken);
 double dueOf(const AccountFact& account);
 
 /// Every entry that kept back or paid out, before a date where one is given, and what that leaves.

@@ -105,12 +105,17 @@ struct Formulas::Parameters {
   }
 };
 
-Formulas::Parameters Formulas::parameters() const {
+FormulaDays Formulas::days() const {
+  return {Val(controls_.txtNoPresent.Text()) - state_.dblHolidays, Val(controls_.txtNoAbsent.Text()),
+          Val(controls_.txtNoLeave.Text()), state_.dblHolidays};
+}
+
+Formulas::Parameters Formulas::parameters(const FormulaDays& days) const {
   Parameters parameters;
-  parameters.set("PD", Val(controls_.txtNoPresent.Text()) - state_.dblHolidays);
-  parameters.set("AD", Val(controls_.txtNoAbsent.Text()));
-  parameters.set("LD", Val(controls_.txtNoLeave.Text()));
-  parameters.set("HD", state_.dblHolidays);
+  parameters.set("PD", days.present);
+  parameters.set("AD", days.absent);
+  parameters.set("LD", days.leave);
+  parameters.set("HD", days.holidays);
 
   if (!state_.employeeId) throw ado::Error("A formula needs an employee: select one first.", "02000");
   ado::Recordset row;
@@ -137,9 +142,9 @@ std::string Formulas::expression(std::int32_t formulaId) const {
   return text;
 }
 
-FormulaOrigin Formulas::computed(std::int32_t formulaId) const {
+FormulaOrigin Formulas::computed(std::int32_t formulaId, const FormulaDays& days) const {
   FormulaOrigin origin;
-  const Parameters values = parameters();
+  const Parameters values = parameters(days);
   origin.id = formulaId;
   origin.text = expression(formulaId);
   const std::string text = basic::upper(origin.text);

@@ -37,8 +37,9 @@ class Formulas {
   /// unknown word, a division by zero), a result of several columns, that is Null or no number; the
   /// description then holds the statement as sent.
   [[nodiscard]] double fnformulaamt(std::int32_t formulaId) const { return computed(formulaId).answer; }
-  /// The same with all that led to it.
-  [[nodiscard]] FormulaOrigin computed(std::int32_t formulaId) const;
+  /// The same with all that led to it, by the form's day counts or by others.
+  [[nodiscard]] FormulaOrigin computed(std::int32_t formulaId) const { return computed(formulaId, days()); }
+  [[nodiscard]] FormulaOrigin computed(std::int32_t formulaId, const FormulaDays& days) const;
 
   /// The same, and an error says which pay component it is about.
   [[nodiscard]] FormulaOrigin amountOf(const std::string& component, std::int32_t formulaId) const;
@@ -52,7 +53,8 @@ class Formulas {
   struct Parameters;
   void refreshRow(ui::ListView& list, int row, int descriptionColumn, int amountColumn,
                   std::int32_t formulaId, RowOrigins& origins) const;
-  [[nodiscard]] Parameters parameters() const;
+  [[nodiscard]] FormulaDays days() const;
+  [[nodiscard]] Parameters parameters(const FormulaDays& days) const;
   [[nodiscard]] std::string expression(std::int32_t formulaId) const;
 
   Session& session_;

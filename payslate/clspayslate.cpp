@@ -6,6 +6,7 @@
 
 #include "browser/FrmMaster.h"
 #include "component/BasPaySlate.h"
+#include "months/EntryExplaining.h"
 #include "months/MonthRun.h"
 
 namespace payslate {
@@ -50,6 +51,12 @@ MonthReport clspayslate::EnterMonth(const MonthOptions& options, const MonthProg
   BasPaySlate session;  // Its own: a list may be shown meanwhile.
   handOver(session);
   return MonthRun(session, options).enter(progress);
+}
+
+ExplainedEntry clspayslate::ExplainEntry(const std::string& number) {
+  BasPaySlate session;  // Its own: a list may be shown meanwhile.
+  handOver(session);
+  return explainEntry(session, number);
 }
 
 void clspayslate::Show() {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "component/Explanation.h"
 #include "months/MonthReport.h"
 #include "platform/ado/Connection.h"
 #include "platform/basic/Date.h"
@@ -43,6 +44,11 @@ class clspayslate {
   /// can be entered, ado::Error where the employees cannot be read; nothing is written then. The session
   /// counts as for Show, but for the title.
   MonthReport EnterMonth(const MonthOptions& options, const MonthProgress& progress = {});
+
+  /// Where every figure of a stored entry comes from, by its number, without a window; nothing is written.
+  /// ado::Error when the company has no such entry, and for a user who may not open entries. The session
+  /// counts as for Show, but for the title.
+  ExplainedEntry ExplainEntry(const std::string& number);
 
  private:
   void handOver(struct Session& session);
