@@ -11,6 +11,7 @@ namespace payslate {
 ExplainedMonth frmpayslate::explainedMonth() const {
   ExplainedMonth month;
   month.entry = record();
+  month.entry.processed = state_.loaded.entry.processed;
   month.symbol = lblcursymbol.Caption();
   month.loadedBasicPay = state_.loaded.entry.basicPay;
   month.days = {txtTotalDays.Text(), txtworkingdays.Text(), txtNoPresent.Text(), txtNoLeave.Text(),

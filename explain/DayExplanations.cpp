@@ -92,6 +92,20 @@ struct EnteredDays {
   }
 };
 
+/// Days one behind the other that counted in the same way.
+struct DaySpan {
+  basic::Date first;
+  basic::Date last;
+  std::string text;
+};
+
+void join(std::vector<DaySpan>& spans, basic::Date date, const std::string& text) {
+  if (!spans.empty() && spans.back().text == text && spans.back().last.plusDays(1) == date)
+    spans.back().last = date;
+  else
+    spans.push_back({date, date, text});
+}
+
 struct BoxName {
   const char* title;
   double DayCounts::*loaded;  ///< Null for what nobody types.
@@ -169,16 +183,20 @@ void Explainer::sheets(Lines& lines) const {
   for (const DayFact& day : attendance.days) facts[day.date.serial()].push_back(&day);
   const basic::Date joined = entry.periodEnd.plusDays(1 - days.employedDays);
   NewDays counted;
+  std::vector<DaySpan> spans;
   for (basic::Date date = entry.periodStart; date <= entry.periodEnd; date = date.plusDays(1)) {
     const auto found = facts.find(date.serial());
     if (found == facts.end()) {
-      lines.push_back({dateText(date), days.known && date < joined ? "before joining" : "no code, leave"});
+      join(spans, date, days.known && date < joined ? "before joining" : "no code, leave");
       continue;
     }
     for (const DayFact* day : found->second)
-      lines.push_back(
-          {dateText(date), basic::Trim(day->code) + ", " + countsAs(*day, days.halvesCount, counted)});
+      join(spans, date, basic::Trim(day->code) + ", " + countsAs(*day, days.halvesCount, counted));
   }
+  for (const DaySpan& span : spans)
+    lines.push_back(
+        {span.first == span.last ? dateText(span.first) : dateText(span.first) + " to " + dateText(span.last),
+         span.text});
 }
 
 FormulaDays Explainer::enteredDays() const {

@@ -125,12 +125,13 @@ Explainer::Today Explainer::account(const Row& row, Lines& lines) const {
     lines.push_back({kind, row.transaction + ", which is gone"});
     return {};
   }
-  double taken = 0;  // By this row and those above it.
-  for (std::size_t at = 0; at <= row.index; ++at) {
+  double above = 0;
+  for (std::size_t at = 0; at < row.index; ++at) {
     const Row other = deductionRow(at);
-    if (other.type == row.type && other.transaction == row.transaction) taken += basic::Val(other.amount);
+    if (other.type == row.type && other.transaction == row.transaction) above += basic::Val(other.amount);
   }
-  explainAccount(lines, kind, row.transaction, *fact, taken);
+  explainAccount(lines, kind, row.transaction, *fact, basic::Val(row.amount), above);
+  if (month_.entry.processed) lines.back().text = "the balance above, the payroll run has taken this entry";
   return dueOf(*fact);
 }
 

@@ -73,14 +73,15 @@ double dueOf(const AccountFact& account) {
 }
 
 void explainAccount(Lines& lines, const char* kind, const std::string& account, const AccountFact& fact,
-                    double taken) {
+                    double taken, double takenAbove) {
   lines.push_back({kind, account});
   lines.push_back({"Balance", amountText(fact.balance)});
   lines.push_back({"Instalment", amountText(fact.instalment)});
   lines.push_back({"Due", fact.balance < fact.instalment
                               ? "the balance, " + amountText(fact.balance) + ", which is less"
                               : "the instalment, " + amountText(fact.instalment)});
-  lines.push_back({"Remains", amountText(fact.balance - taken)});
+  if (takenAbove != 0) lines.push_back({"Taken by rows above", amountText(takenAbove)});
+  lines.push_back({"Remains", amountText(fact.balance - takenAbove - taken)});
 }
 
 double balanceOf(const std::vector<EntryMovements>& movements) {

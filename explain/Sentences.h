@@ -21,9 +21,10 @@ void explainFormula(Lines& lines, const FormulaOrigin& formula, const std::strin
 /// Hours with their days where they are known, the rate and where it is from, what they come to.
 void explainHours(Lines& lines, const HoursOrigin& hours, const std::vector<BookedHours>& booked);
 
-/// Account, balance, instalment, which of the two is due, what remains behind `taken`.
+/// Account, balance, instalment, which of the two is due, what remains behind the row and those above it that
+/// are of the same account.
 void explainAccount(Lines& lines, const char* kind, const std::string& account, const AccountFact& fact,
-                    double taken);
+                    double taken, double takenAbove);
 double dueOf(const AccountFact& account);
 
 /// Every entry that kept back or paid out, before a date where one is given, and what that leaves.
