@@ -32,17 +32,18 @@ std::string balanceStatement(const Session& session, const AccountTable& account
 
 // Signed as the balance is that the next month offers: an amount times its mode. Grouped by the date first:
 // an engine that groups in this order and knows no statistics finds the employee's entries by his index, and
-// not all of the company's by their numbers.
+// not all of the company's by their numbers. Their numbers are read for those alone that have movements.
 std::string movementStatement(const Session& session, const std::string& employee, std::int32_t exceptEntry,
                               const std::string& furtherCondition) {
-  return "select a.emhID, a.emhNo, a.emhDate,"
+  const std::string headers = session.TableLinks["pempmonthlyentryheader"];
+  return "select n.emhNo, m.emhDate, m.keptback, m.paidout from (select a.emhDate, a.emhID, a.emhCompanyID,"
          " sum(case when b.ecdAmount * b.ecdMode > 0 then b.ecdAmount * b.ecdMode else 0 end) keptback,"
          " sum(case when b.ecdAmount * b.ecdMode < 0 then b.ecdAmount * b.ecdMode else 0 end) paidout from " +
-         session.TableLinks["pempmonthlyentryheader"] +
-         " a, pEmployeeCurrentDetails b where a.emhempID = " + employee +
+         headers + " a, pEmployeeCurrentDetails b where a.emhempID = " + employee +
          " and a.emhCompanyID = " + session.companyText() + " and a.emhCancelled = 0 and a.emhID <> " +
          std::to_string(exceptEntry) + " and b.ecdPaySlateID = a.emhID and b.ecdCompanyID = a.emhCompanyID" +
-         furtherCondition + " group by a.emhDate, a.emhID, a.emhNo order by a.emhDate, a.emhID";
+         furtherCondition + " group by a.emhDate, a.emhID, a.emhCompanyID) m, " + headers +
+         " n where n.emhCompanyID = m.emhCompanyID and n.emhID = m.emhID order by m.emhDate, m.emhID";
 }
 
 // Nobody's, where the entry is not live: then nothing of it was ever offered.

@@ -248,7 +248,8 @@ void StoredCatalog::loadObjects(DatabaseFile& file) {
   }
   const auto indexes = file.prepare(
       "SELECT lower(t.name), i.name FROM main.sqlite_schema t, pragma_index_list(t.name) l,"
-      " pragma_index_info(l.name) i WHERE t.type = 'table' AND l.partial = 0 AND i.seqno = 0 AND i.name IS NOT NULL");
+      " pragma_index_info(l.name) i WHERE t.type = 'table' AND l.partial = 0 AND i.seqno = 0"
+      " AND i.name IS NOT NULL");
   while (indexes->step()) {
     const auto table = tables_.find(text(*indexes, 0));
     if (table == tables_.end()) continue;

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "payslate/clspayslate.h"
+#include "host/ComponentStage.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
@@ -48,15 +48,9 @@ struct DemoPayroll {
   void show(ui::Clerk& clerk, int month = 4, int lastDay = 30, const std::string& title = "Payroll") const {
     scripted::ScriptedDesktop desktop;
     desktop.setClerk(&clerk);
-    clspayslate component(desktop);
-    component.adocon(connection);
-    component.MsgboxTitle = title;
-    component.ProcessDate = basic::Date::fromCalendar(2026, month, lastDay);
-    component.intUserID = 1;
-    component.intInterfaceID = 40001;
-    component.intCompanyID = 1;
-    component.intfinancialid = 2026;
-    component.Show();
+    host::makeComponent(desktop, connection,
+                        {1, 1, 40001, 2026, basic::Date::fromCalendar(2026, month, lastDay), title})
+        .Show();
   }
 
   // The first column of the first row; Null is 0.

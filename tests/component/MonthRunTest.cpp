@@ -30,14 +30,8 @@ const Company second{2, basic::Date::fromCalendar(2026, 4, 25)};
 MonthReport enterMonth(const DemoPayroll& payroll, const Company& company, const MonthOptions& options = {},
                        const MonthProgress& progress = {}) {
   scripted::ScriptedDesktop desktop;
-  clspayslate component(desktop);
-  component.adocon(payroll.connection);
-  component.ProcessDate = company.date;
-  component.intUserID = 1;
-  component.intInterfaceID = 40001;
-  component.intCompanyID = company.id;
-  component.intfinancialid = 2026;
-  return component.EnterMonth(options, progress);
+  return host::makeComponent(desktop, payroll.connection, {company.id, 1, 40001, 2026, company.date, ""})
+      .EnterMonth(options, progress);
 }
 
 /// Chooses everybody in the combo, in a form of his own each time, and presses OK.

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "payslate/clspayslate.h"
+#include "host/ComponentStage.h"
 #include "platform/ado/Connection.h"
 #include "platform/scripted/ScriptedDesktop.h"
 #include "platform/ui/ComboBox.h"
@@ -55,14 +55,8 @@ void show(Clerk& clerk, const std::string& path) {
   connection->Open(path);
   scripted::ScriptedDesktop desktop;
   desktop.setClerk(&clerk);
-  clspayslate component(desktop);
-  component.adocon(connection);
-  component.MsgboxTitle = "Payroll";
-  component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
-  component.intUserID = 1;
-  component.intInterfaceID = 40001;
-  component.intCompanyID = 1;
-  component.intfinancialid = 2026;
+  clspayslate component = host::makeComponent(
+      desktop, connection, {1, 1, 40001, 2026, basic::Date::fromCalendar(2026, 4, 30), "Payroll"});
   try {
     component.Show();
   } catch (...) {

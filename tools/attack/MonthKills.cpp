@@ -5,7 +5,7 @@
 #include <sstream>
 #include <thread>
 
-#include "payslate/clspayslate.h"
+#include "host/ComponentStage.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Numbers.h"
 #include "platform/scripted/ScriptedDesktop.h"
@@ -42,13 +42,8 @@ void enterMonth(const std::string& path, Way way, const Worker::Tell& tell) {
   const auto connection = std::make_shared<ado::Connection>();
   connection->Open(path);
   scripted::ScriptedDesktop desktop;
-  clspayslate component(desktop);
-  component.adocon(connection);
-  component.ProcessDate = basic::Date::fromCalendar(2026, 4, 30);
-  component.intUserID = 1;
-  component.intInterfaceID = 40001;
-  component.intCompanyID = 1;
-  component.intfinancialid = 2026;
+  clspayslate component = host::makeComponent(
+      desktop, connection, {1, 1, 40001, 2026, basic::Date::fromCalendar(2026, 4, 30), ""});
   const auto start = Clock::now();
   auto chosen = start;
   component.EnterMonth({}, [&](std::size_t before, std::size_t total) {
