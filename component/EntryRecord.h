@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "component/Origins.h"
 #include "platform/basic/Date.h"
 
 namespace payslate {
@@ -56,6 +57,7 @@ struct EntryRecord {
   std::vector<ListRow> allowances;
   std::vector<ListRow> deductions;
   std::vector<FacilityRow> facilities;  ///< Those that are taken.
+  EntryOrigins origins;                 ///< What the form knows of them.
 };
 
 }  // namespace payslate

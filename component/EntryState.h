@@ -6,6 +6,7 @@
 #include <string>
 
 #include "component/LoadedMonth.h"
+#include "component/RowOrigins.h"
 #include "platform/basic/Date.h"
 
 namespace payslate {
@@ -25,6 +26,11 @@ struct EntryState {
   std::string whyNotWhole;  ///< What stood in the way, as the clerk was told; empty when the month is whole.
 
   LoadedMonth loaded;  ///< The month as it was when it became whole.
+
+  // Where its amounts come from.
+  RowOrigins rowOrigins;
+  BasicPayOrigin basicPayOrigin;
+  DaysOrigin daysOrigin;
 
   std::int32_t lngEntryID = 0;  ///< emhID of the entry opened or saved last; 0 before.
   double dblBasic = 0;          ///< The employee's basic pay as stored, before any reduction.

@@ -8,6 +8,7 @@
 #include "desktop/LabelViews.h"
 #include "desktop/TabView.h"
 #include "platform/ui/RowControl.h"
+#include "platform/ui/TextPage.h"
 
 namespace payslate::desktop {
 
@@ -19,7 +20,9 @@ namespace {
 constexpr int fieldGap = 2;  // characters between two fields side by side
 
 bool isTall(const Layout& node) {
-  if (node.kind == Kind::Pages || dynamic_cast<const ui::RowControl*>(node.control) != nullptr) return true;
+  if (node.kind == Kind::Pages || dynamic_cast<const ui::RowControl*>(node.control) != nullptr ||
+      dynamic_cast<const ui::TextPage*>(node.control) != nullptr)
+    return true;
   return std::any_of(node.children.begin(), node.children.end(), isTall);
 }
 

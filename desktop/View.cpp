@@ -13,6 +13,7 @@
 #include "desktop/DateView.h"
 #include "desktop/FormWindow.h"
 #include "desktop/LabelViews.h"
+#include "desktop/PageView.h"
 #include "desktop/RowsView.h"
 #include "desktop/TabView.h"
 #include "desktop/TextView.h"
@@ -76,6 +77,7 @@ std::unique_ptr<View> makeView(FormWindow& window, ui::Control& control, const u
   if (auto* label = dynamic_cast<ui::Label*>(&control)) return std::make_unique<LabelView>(window, *label);
   if (auto* frame = dynamic_cast<ui::Frame*>(&control)) return std::make_unique<FrameView>(window, *frame);
   if (auto* box = dynamic_cast<ui::TextBox*>(&control)) return std::make_unique<TextView>(window, *box, node);
+  if (auto* page = dynamic_cast<ui::TextPage*>(&control)) return std::make_unique<PageView>(window, *page);
   if (auto* combo = dynamic_cast<ui::ComboBox*>(&control))
     return std::make_unique<ComboView>(window, *combo, node);
   if (auto* button = dynamic_cast<ui::CommandButton*>(&control))

@@ -220,14 +220,20 @@ void Attendance::countDays(std::int32_t employeeId) {
   const DayCount holidays{"select count(distinct(eaddate)) Holidays from ", " d,", " h", "='h'",
                           "' and eaddate <='"};
   const auto days = [&](const DayCount& what) { return count(what, employeeId).value_or(0); };
-  controls_.txtNoPresent.Text = numberText(days(present));
-  controls_.txtNoPresent.Text = numberText(days(halfPresent) + Val(controls_.txtNoPresent.Text()));
-  state_.dblAbsentDays = days(absent);
-  controls_.txtNoAbsent.Text = numberText(days(halfAbsent) + state_.dblAbsentDays);
+  DaysOrigin& origin = state_.daysOrigin;
+  origin = {true, true, Val(controls_.txtTotalDays.Text()), state_.dblPeriodDays};
+  origin.present = days(present);
+  controls_.txtNoPresent.Text = numberText(origin.present);
+  origin.halvesPresent = days(halfPresent);
+  controls_.txtNoPresent.Text = numberText(origin.halvesPresent + Val(controls_.txtNoPresent.Text()));
+  state_.dblAbsentDays = origin.absent = days(absent);
+  origin.halvesAbsent = days(halfAbsent);
+  controls_.txtNoAbsent.Text = numberText(origin.halvesAbsent + state_.dblAbsentDays);
   state_.dblAbsentDays = Val(controls_.txtNoAbsent.Text());
   state_.dblHolidays = days(holidays);
   controls_.txtNoLeave.Text =
       numberText(state_.dblPeriodDays - (Val(controls_.txtNoPresent.Text()) + state_.dblAbsentDays));
+  origin.leave = Val(controls_.txtNoLeave.Text());
 }
 
 void Attendance::fnLoadAttendanceCounts(std::int32_t employeeId) {
@@ -237,19 +243,31 @@ void Attendance::fnLoadAttendanceCounts(std::int32_t employeeId) {
                         "' and  eaddate <= '"};
   const DayCount holidays{"select count(distinct(eaddate)) Holidays from ", " d ,", " h ", "='h'",
                           "' and  eaddate <= '"};
-  if (const auto days = count(present, employeeId)) controls_.txtNoPresent.Text = numberText(*days);
-  if (const auto days = count(absent, employeeId)) controls_.txtNoAbsent.Text = numberText(*days);
+  DaysOrigin& origin = state_.daysOrigin;
+  if (const auto days = count(present, employeeId)) {
+    controls_.txtNoPresent.Text = numberText(*days);
+    origin.present = *days;
+  }
+  if (const auto days = count(absent, employeeId)) {
+    controls_.txtNoAbsent.Text = numberText(*days);
+    origin.absent = *days;
+  }
   if (const auto days = count(holidays, employeeId)) state_.dblHolidays = *days;
   const double days = basic::CInt(basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1);
   controls_.txtNoLeave.Text =
       numberText(days - (Val(controls_.txtNoAbsent.Text()) + Val(controls_.txtNoPresent.Text())));
   controls_.txtworkingdays.Text = numberText(days - Val(controls_.txtNoLeave.Text()));
+  origin.known = true;
+  origin.totalDays = origin.employedDays = days;
+  origin.leave = Val(controls_.txtNoLeave.Text());
+  origin.working = Val(controls_.txtworkingdays.Text());
 }
 
 void Attendance::setWorkingDays() {
   controls_.txtworkingdays.Text =
       numberText(Val(controls_.txtTotalDays.Text()) - Val(controls_.txtNoLeave.Text()) -
                  static_cast<double>(daysBeforeJoining()));
+  state_.daysOrigin.working = Val(controls_.txtworkingdays.Text());
 }
 
 void Attendance::setPresentDays() {

@@ -66,6 +66,13 @@ std::string savingsStatement(const Session& session, const std::string& employee
          "' and  osCurrentBalance>0 and  osEmpID = " + employee + " and osActive = 1 and osCancelled=0";
 }
 
+Origin loadedAmount(std::string amount) {
+  Origin origin;
+  origin.known = true;
+  origin.amount = std::move(amount);
+  return origin;
+}
+
 }  // namespace
 
 void PayLoader::lookUpSymbol(const basic::Value& currencyId) {
@@ -83,10 +90,14 @@ void PayLoader::loadBasicPay(std::int32_t employeeId) {
   controls_.lblcursymbol.Caption = state_.strCurSymbol;
 }
 
-std::string PayLoader::standingAmount(const std::string& component, const basic::Value& formula,
-                                      const basic::Value& amount) const {
+Origin PayLoader::standingOrigin(const std::string& component, const basic::Value& formula,
+                                 const basic::Value& amount) const {
   const std::int32_t formulaId = basic::isNull(formula) ? 0 : basic::CLng(formula);
-  return formulaId > 0 ? amountText(formulas_.amountOf(component, formulaId)) : amountText(amount);
+  if (formulaId <= 0) return loadedAmount(amountText(amount));
+  FormulaOrigin computed = formulas_.amountOf(component, formulaId);
+  Origin origin = loadedAmount(amountText(computed.answer));
+  origin.formula = std::move(computed);
+  return origin;
 }
 
 void PayLoader::fnLoadEmployeePay(std::int32_t employeeId) {
@@ -97,11 +108,12 @@ void PayLoader::fnLoadEmployeePay(std::int32_t employeeId) {
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("acurrencyid").Value());
-    controls_.lvwAllow.addRow(
-        {nextSerialNumber(controls_.lvwAllow), rows.Fields("aDescription").Text(),
-         standingAmount(rows.Fields("aDescription").Text(), rows.Fields("aformulaid").Value(),
-                        rows.Fields("eaamount").Value()),
-         rows.Fields("eaallowanceid").Text(), AllowKind::Standing, state_.strCurSymbol});
+    Origin origin = standingOrigin(rows.Fields("aDescription").Text(), rows.Fields("aformulaid").Value(),
+                                   rows.Fields("eaamount").Value());
+    controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), rows.Fields("aDescription").Text(),
+                               origin.amount, rows.Fields("eaallowanceid").Text(), AllowKind::Standing,
+                               state_.strCurSymbol});
+    state_.rowOrigins.added(controls_.lvwAllow, std::move(origin));
   }
   hourlyItems_.fnLoadHourlyItems(HourlyKind::Allowances, employeeId);
 }
@@ -114,13 +126,14 @@ void PayLoader::fnLoadCarryForward(std::int32_t employeeId, basic::Date entryDat
   const std::string text = basic::numberText(balance);
   controls_.lvwAllow.addRow({nextSerialNumber(controls_.lvwAllow), balanceDescription, text, text,
                              AllowKind::CarriedForward, state_.strCurSymbol});
+  state_.rowOrigins.added(controls_.lvwAllow, loadedAmount(text));
 }
 
-void PayLoader::addDeduction(std::string description, std::string amount, std::string id, const char* type,
+void PayLoader::addDeduction(std::string description, Origin origin, std::string id, const char* type,
                              std::string transactionId) {
-  controls_.lvwDeduct.addRow({nextSerialNumber(controls_.lvwDeduct), std::move(description),
-                              std::move(amount), std::move(id), type, state_.strCurSymbol,
-                              std::move(transactionId)});
+  controls_.lvwDeduct.addRow({nextSerialNumber(controls_.lvwDeduct), std::move(description), origin.amount,
+                              std::move(id), type, state_.strCurSymbol, std::move(transactionId)});
+  state_.rowOrigins.added(controls_.lvwDeduct, std::move(origin));
 }
 
 void PayLoader::loadStandingRows(std::int32_t employeeId) {
@@ -130,7 +143,7 @@ void PayLoader::loadStandingRows(std::int32_t employeeId) {
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("dcurrencyid").Value());
     addDeduction(rows.Fields("ddescription").Text(),
-                 standingAmount(rows.Fields("ddescription").Text(), rows.Fields("dformulaid").Value(),
+                 standingOrigin(rows.Fields("ddescription").Text(), rows.Fields("dformulaid").Value(),
                                 rows.Fields("edamount").Value()),
                  rows.Fields("eddeductionid").Text(), DeductKind::Standing, {});
   }
@@ -142,7 +155,8 @@ void PayLoader::loadLoans(std::int32_t employeeId) {
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("lcurrencyid").Value());
-    addDeduction(rows.Fields("lDescription").Text(), amountText(rows.Fields("liInstallmentAmount").Value()),
+    addDeduction(rows.Fields("lDescription").Text(),
+                 loadedAmount(amountText(rows.Fields("liInstallmentAmount").Value())),
                  rows.Fields("liLoanID").Text(), DeductKind::Loan, rows.Fields("liID").Text());
   }
 }
@@ -153,7 +167,8 @@ void PayLoader::loadSavings(std::int32_t employeeId) {
             LockType::ReadOnly);
   for (; !rows.Eof(); rows.MoveNext()) {
     lookUpSymbol(rows.Fields("scurrencyid").Value());
-    addDeduction(rows.Fields("sDescription").Text(), amountText(rows.Fields("osInstallmentAmount").Value()),
+    addDeduction(rows.Fields("sDescription").Text(),
+                 loadedAmount(amountText(rows.Fields("osInstallmentAmount").Value())),
                  rows.Fields("ssavingsid").Text(), DeductKind::Savings, rows.Fields("osID").Text());
   }
 }
@@ -173,11 +188,8 @@ bool PayLoader::fnLOPThroughDeductions() const {
   return !row.Eof() && flagOf(row.Fields("LOPThroughDeductions").Value());
 }
 
-double PayLoader::reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const {
-  if (fnLOPThroughDeductions()) return state_.dblBasic;
-  const double perDay = state_.dblBasic / totalDays;
-  const double lost = static_cast<double>(daysBeforeJoining) + (absentDays > 0 ? absentDays : 0);
-  return state_.dblBasic - perDay * lost;
+BasicPayOrigin PayLoader::basicPayOrigin(double totalDays, double absentDays, long daysBeforeJoining) const {
+  return {true, state_.dblBasic, totalDays, absentDays, daysBeforeJoining, fnLOPThroughDeductions()};
 }
 
 }  // namespace payslate

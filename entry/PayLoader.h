@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "component/Origins.h"
 #include "platform/basic/Date.h"
 #include "platform/basic/Value.h"
 
@@ -48,16 +49,17 @@ class PayLoader {
   void fnLoadStandingDeductions(std::int32_t employeeId);
 
   /// Basic pay reduced for late joining and absence, unless the company takes loss of pay through deductions.
-  [[nodiscard]] double reducedBasicPay(double totalDays, double absentDays, long daysBeforeJoining) const;
+  [[nodiscard]] BasicPayOrigin basicPayOrigin(double totalDays, double absentDays,
+                                              long daysBeforeJoining) const;
 
  private:
   /// Does the company take loss of pay through deductions? Not without a setting.
   [[nodiscard]] bool fnLOPThroughDeductions() const;
   void loadBasicPay(std::int32_t employeeId);
   void lookUpSymbol(const basic::Value& currencyId);
-  [[nodiscard]] std::string standingAmount(const std::string& component, const basic::Value& formula,
-                                           const basic::Value& amount) const;
-  void addDeduction(std::string description, std::string amount, std::string id, const char* type,
+  [[nodiscard]] Origin standingOrigin(const std::string& component, const basic::Value& formula,
+                                      const basic::Value& amount) const;
+  void addDeduction(std::string description, Origin origin, std::string id, const char* type,
                     std::string transactionId);
   void loadStandingRows(std::int32_t employeeId);
   void loadLoans(std::int32_t employeeId);

@@ -40,19 +40,20 @@ frmpayslate::frmpayslate(BasPaySlate& bas, EntryList* list)
       totals_({lblcursymbol, txtBasicPay, lvwAllow, lvwDeduct, lvwCurrency}),
       attendance_(bas, state_,
                   {dtpattdate, txtTotalDays, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent, cmdOk}),
-      hourlyItems_(bas, helpers_, formulas_, {lvwAllow, lvwDeduct}),
+      hourlyItems_(bas, helpers_, formulas_, state_.rowOrigins, {lvwAllow, lvwDeduct}),
       payLoader_(bas, state_, helpers_, formulas_, hourlyItems_,
                  {lblBasicPay, lblcursymbol, lvwAllow, lvwDeduct}),
       storedMonth_(helpers_,
                    {txtAtteNo, dtpattdate, cboEmpname, txtBasicPay, Chkpaid, chkHold, lvwAllow, lvwDeduct}),
-      allowances_(bas, lvwAllow, helpers_, formulas_, totals_),
-      deductions_(bas, state_, lvwDeduct, helpers_, formulas_, totals_),
+      allowances_(bas, lvwAllow, helpers_, formulas_, totals_, state_.rowOrigins),
+      deductions_(bas, state_, lvwDeduct, helpers_, formulas_, totals_, state_.rowOrigins),
       facilities_(bas, {lvwfacility, lvwDeduct}, helpers_, [this] { DisplayCurrency(); }),
       listMenu_(state_, cmdOk),
       boxes_(bas, {txtBasicPay, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent}),
       workingCopy_({txtAtteNo, txtworkingdays, txtNoPresent, txtNoLeave, txtNoAbsent, lblBasicPay,
                     txtBasicPay, lblcursymbol, chkHold, Chkpaid, lvwLeaves, lvwCurrency},
-                   allowances_, deductions_, facilities_) {
+                   allowances_, deductions_, facilities_),
+      explainForm_([this] { return std::make_shared<frmExplain>(bas_); }) {
   KeyPreview = true;
   arrange();
   wireEvents();
@@ -60,7 +61,10 @@ frmpayslate::frmpayslate(BasPaySlate& bas, EntryList* list)
 
 void frmpayslate::wireEvents() {
   Load = [this] { Form_Load(); };
-  KeyDown = [this](int& keyCode, int) { Form_KeyDown(keyCode); };
+  KeyDown = [this](int& keyCode, int shift) {
+    if (keyCode == ui::KeyCode::F2 && shift == ui::Shift::None) return explainFocused();
+    Form_KeyDown(keyCode);
+  };
   QueryUnload = [this](bool& cancel, ui::UnloadMode) { Form_QueryUnload(cancel); };
 
   dtpattdate.Change = [this] { dtpattdate_Change(); };
@@ -82,7 +86,7 @@ void frmpayslate::wireEvents() {
   listMenu_.attach(ActiveList::Allowances, allowances_);
   listMenu_.attach(ActiveList::Deductions, deductions_);
   listMenu_.attach(ActiveList::Facilities, facilities_);
-  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct, state_.loaded); };
+  cmdRefresh.Click = [this] { formulas_.refresh(*helpers_.objCommonDB, lvwAllow, lvwDeduct, state_); };
 
   txtBasicPay.numeric = true;
   txtBasicPay.Change = [this] { DisplayCurrency(); };

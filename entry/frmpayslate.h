@@ -13,10 +13,13 @@
 #include "component/FormHelpers.h"
 #include "component/Navigation.h"
 #include "entry/Attendance.h"
+#include "entry/EntryFacts.h"
 #include "entry/PayBoxes.h"
 #include "entry/PayLoader.h"
 #include "entry/StoredMonth.h"
 #include "entry/WorkingCopy.h"
+#include "entry/frmExplain.h"
+#include "explain/ExplainedMonth.h"
 #include "facilities/FacilityPage.h"
 #include "paycomponents/AllowancePage.h"
 #include "paycomponents/CurrencyTotals.h"
@@ -70,6 +73,14 @@ class frmpayslate : public ui::Form {
   /// The month as OK would store it, validated as OK does; none where that refuses it, with a message.
   [[nodiscard]] std::optional<OfferedMonth> offeredMonth();
   [[nodiscard]] const std::vector<NetPay>& netPay() const { return totals_.netPay(); }
+
+  /// Where the figure comes from that the control shows, in a list the selected row's; none for what is no
+  /// figure, or while no month is there whole. Asks for what loading did not know. ado::Error.
+  [[nodiscard]] std::optional<Explanation> explanationOf(const ui::Control& control);
+  /// The same of every figure of the month.
+  [[nodiscard]] std::vector<Explanation> explanations();
+  /// What loading knew of them: nothing is asked.
+  [[nodiscard]] std::vector<Explanation> knownExplanations() const;
 
   ui::Label lblAtteNo{*this, "lblAtteNo", "MonthlyEntry No:"};
   ui::TextBox txtAtteNo{*this, "txtAtteNo"};
@@ -171,6 +182,11 @@ class frmpayslate : public ui::Form {
   void save();
   [[nodiscard]] EntryRecord record() const;
 
+  // Explaining: frmpayslateExplain.cpp
+  void explainFocused();
+  [[nodiscard]] ExplainedMonth explainedMonth() const;
+  [[nodiscard]] EntryFacts facts(const ExplainedMonth& month);
+
   BasPaySlate& bas_;
   EntryList* list_;
   FormHelpers helpers_;
@@ -194,6 +210,7 @@ class frmpayslate : public ui::Form {
   ListMenu listMenu_;
   PayBoxes boxes_;
   WorkingCopy workingCopy_;
+  ui::FormSlot<frmExplain> explainForm_;
 };
 
 }  // namespace payslate

@@ -40,6 +40,7 @@ void frmpayslate::showStored(const EntryRecord& header) {
   DisplayCurrency();
   holdWhole();
   state_.loaded.stored = true;
+  state_.loaded.entry.processed = header.processed;
   state_.loaded.entry.periodStart = header.periodStart;
   state_.loaded.entry.periodEnd = header.periodEnd;
   // What opens for reading deletes nothing.

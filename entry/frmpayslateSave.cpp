@@ -67,6 +67,8 @@ EntryRecord frmpayslate::record() const {
   entry.allowances = plainRows(lvwAllow);
   entry.deductions = plainRows(lvwDeduct);
   entry.facilities = facilities_.taken();
+  entry.origins = {state_.rowOrigins.of(lvwAllow), state_.rowOrigins.of(lvwDeduct), state_.basicPayOrigin,
+                   state_.daysOrigin};
   return entry;
 }
 

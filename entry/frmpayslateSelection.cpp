@@ -72,6 +72,9 @@ void frmpayslate::giveMonthUp() {
   state_.dblHolidays = 0;
   workingCopy_.clear();
   boxes_.keepLoaded();
+  state_.rowOrigins.clear();
+  state_.basicPayOrigin = {};
+  state_.daysOrigin = {};
 }
 
 void frmpayslate::chooseMonth(std::int32_t employeeId) {
@@ -102,9 +105,9 @@ void frmpayslate::loadNewMonth(std::int32_t employeeId) {
   bas_.fnLoadLeaveSummary(employeeId, lvwLeaves);
   enableNavigation();
   attendance_.setWorkingDays();
-  const double basicPay = payLoader_.reducedBasicPay(Val(txtTotalDays.Text()), Val(txtNoAbsent.Text()),
-                                                     attendance_.daysBeforeJoining());
-  txtBasicPay.Text = basic::Format(basicPay, basicPayPattern);
+  state_.basicPayOrigin = payLoader_.basicPayOrigin(Val(txtTotalDays.Text()), Val(txtNoAbsent.Text()),
+                                                    attendance_.daysBeforeJoining());
+  txtBasicPay.Text = basic::Format(state_.basicPayOrigin.reduced(), basicPayPattern);
   attendance_.setPresentDays();
   txtBasicPay.Tag = txtBasicPay.Text();
   DisplayCurrency();

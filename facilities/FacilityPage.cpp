@@ -89,18 +89,19 @@ void FacilityPage::settleRow(int row) {
   DisplayCurrency();
 }
 
+FacilityRow FacilityPage::recovery(int row) const {
+  const auto cell = [&](int column) { return controls_.lvwfacility.cellText(row, column); };
+  return {static_cast<std::int16_t>(row + 1),     cell(FacilityColumn::FacilityID),
+          cell(FacilityColumn::FacilityNo),       cell(FacilityColumn::FacilityName),
+          cell(FacilityColumn::ActualAmount),     cell(FacilityColumn::DeductedAmount),
+          cell(FacilityColumn::SettlementAmount), cell(FacilityColumn::DeductionId),
+          cell(FacilityColumn::CurrencySymbol)};
+}
+
 std::vector<FacilityRow> FacilityPage::taken() const {
-  const ui::ListView& facilities = controls_.lvwfacility;
   std::vector<FacilityRow> rows;
-  for (int row = 0; row < facilities.rowCount(); ++row) {
-    if (!facilities.isChecked(row)) continue;
-    const auto cell = [&](int column) { return facilities.cellText(row, column); };
-    rows.push_back({static_cast<std::int16_t>(row + 1), cell(FacilityColumn::FacilityID),
-                    cell(FacilityColumn::FacilityNo), cell(FacilityColumn::FacilityName),
-                    cell(FacilityColumn::ActualAmount), cell(FacilityColumn::DeductedAmount),
-                    cell(FacilityColumn::SettlementAmount), cell(FacilityColumn::DeductionId),
-                    cell(FacilityColumn::CurrencySymbol)});
-  }
+  for (int row = 0; row < controls_.lvwfacility.rowCount(); ++row)
+    if (controls_.lvwfacility.isChecked(row)) rows.push_back(recovery(row));
   return rows;
 }
 

@@ -55,6 +55,7 @@ class FacilityPage : public ListPage {
   void Addfacilitytodedution(std::int32_t deductionId, int row);
   /// The same for the deduction type of a list row, then the totals.
   void settleRow(int row);
+  [[nodiscard]] FacilityRow recovery(int row) const;
   /// The ticked ones.
   [[nodiscard]] std::vector<FacilityRow> taken() const;
 

@@ -36,6 +36,9 @@ struct Words {
   std::string reviewPercent;
   std::string reviewAmount;
   JournalWish journal;
+  ExplainWish explain;
+  std::string explainDate;
+  ReportFormat explainFormat = ReportFormat::Table;
 };
 
 const CLI::Range shortNumber(0, int{std::numeric_limits<std::int16_t>::max()});
@@ -53,6 +56,7 @@ class Commands {
     addInit();
     addUpgrade();
     addErrand();
+    addExplain();
     addJournal();
     addMonth();
     addReview();
@@ -62,7 +66,7 @@ class Commands {
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month, review or journal.");
+    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month, review, explain or journal.");
   }
 
  private:
@@ -106,6 +110,19 @@ class Commands {
     });
   }
 
+  void addExplain() {
+    CLI::App* parser = app_.add_subcommand("explain", "Says of every figure of an entry where it comes from");
+    ExplainWish& wish = words_.explain;
+    addSession(parser, wish.connect, wish.session, words_.explainDate);
+    parser->add_option("--entry", wish.entry, "The number of the entry")->required();
+    CLI::Option* format = addFormat(parser, words_.explainFormat);
+    commands_.emplace_back(parser, [this, format] {
+      words_.explain.session.date = dateOf(words_.explainDate);
+      if (format->count() > 0) words_.explain.format = words_.explainFormat;
+      return explain(words_.explain, out_);
+    });
+  }
+
   void addJournal() {
     CLI::App* parser = app_.add_subcommand(
         "journal", "Shows who stored, changed and cancelled an entry; seals and proves the journal");
@@ -146,6 +163,7 @@ class Commands {
     parser->add_flag("--dry-run", wish.options.dryRun, "Stores nothing, and tells what would be stored");
     parser->add_flag("--with-findings", wish.options.withFindings,
                      "Stores also entries that should be looked at first");
+    parser->add_flag("--explain", wish.options.explanations, "Tells where each amount comes from");
     addFormat(parser, wish.format);
     commands_.emplace_back(parser, [this] {
       words_.month.session.date = dateOf(words_.monthDate);
@@ -203,8 +221,8 @@ class Commands {
     parser->add_option("--date", date, "The process date, yyyy/mm/dd")->required();
   }
 
-  static void addFormat(CLI::App* parser, ReportFormat& format) {
-    parser->add_option("--format", format, "How to write: table, csv, json")
+  static CLI::Option* addFormat(CLI::App* parser, ReportFormat& format) {
+    return parser->add_option("--format", format, "How to write: table, csv, json")
         ->transform(CLI::CheckedTransformer(reportFormats()));
   }
 
@@ -282,7 +300,7 @@ int run(int argc, const char* const* argv, const ScreenMaker& makeScreen, std::o
     problem = extra ? unexpected(app) : error.what();
     if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1]))
       problem =
-          "There is no such command; use demo, init, upgrade, errand, show, month, review or journal, or --help";
+          "There is no such command; use demo, init, upgrade, errand, show, month, review, explain or journal, or --help";
   } catch (const std::exception& error) {
     problem = error.what();
   }

@@ -58,6 +58,13 @@ struct ReviewWish {
   ReportFormat format = ReportFormat::Table;
 };
 
+struct ExplainWish {
+  std::string connect;
+  scripted::HostSession session;
+  std::string entry;                   ///< Its number.
+  std::optional<ReportFormat> format;  ///< None: a text for people.
+};
+
 // Each throws Refusal for what it cannot do.
 ExitCode demo(const DemoWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
 ExitCode errand(const ErrandWish& wish, const ScreenMaker& makeScreen, std::ostream& out);
@@ -65,6 +72,7 @@ ExitCode journal(const JournalWish& wish, std::ostream& out);
 /// `err` gets the progress, where it is a terminal's.
 ExitCode month(const MonthWish& wish, std::ostream& out, std::ostream& err);
 ExitCode review(const ReviewWish& wish, std::ostream& out);
+ExitCode explain(const ExplainWish& wish, std::ostream& out);
 ExitCode init(const std::string& connect, std::ostream& out);
 ExitCode upgrade(const std::string& connect, std::ostream& out);
 ExitCode show(const ShowWish& wish, const ScreenMaker& makeScreen);

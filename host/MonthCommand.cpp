@@ -49,8 +49,19 @@ std::string listOf(const std::vector<std::int32_t>& numbers) {
   return list;
 }
 
+std::vector<std::string> textsOf(const std::vector<Explanation>& explanations) {
+  std::vector<std::string> texts;
+  for (const Explanation& one : explanations) {
+    std::string& text = texts.emplace_back(textOf(one));
+    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at))
+      text.replace(at, 1, ", ");
+  }
+  return texts;
+}
+
 Report reportOf(const MonthWish& wish, const MonthReport& month) {
   Report report{{"employee", "name", "result", "entry", "currency", "net", "reason"}, {}, {}};
+  if (wish.options.explanations) report.headings.emplace_back("explanation");
   const auto flag = [](bool set) { return std::string(set ? "true" : "false"); };
   report.options = {{"company", std::to_string(wish.session.company)},
                     {"date", basic::formatDate(wish.session.date, "yyyy/mm/dd")},
@@ -63,9 +74,11 @@ Report reportOf(const MonthWish& wish, const MonthReport& month) {
   for (const MonthLine& line : month.lines) {
     std::vector<MonthPay> pay = line.pay;
     if (pay.empty()) pay.emplace_back();
-    for (const MonthPay& one : pay)
+    for (const MonthPay& one : pay) {
       report.rows.push_back({std::to_string(line.employeeId), line.name, resultNames().at(line.result),
                              line.entry, one.currency, one.net, onOneLine(line.reasons)});
+      if (wish.options.explanations) report.rows.back().push_back(onOneLine(textsOf(line.explanations)));
+    }
   }
   return report;
 }

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "component/Explanation.h"
+
 namespace payslate {
 
 struct MonthOptions {
@@ -17,6 +19,7 @@ struct MonthOptions {
   bool facilities = false;                ///< Takes every open recovery.
   bool balance = true;                    ///< Pays out salary that was kept back, as a new entry offers it.
   bool withFindings = false;              ///< Stores also what a clerk should have looked at.
+  bool explanations = false;              ///< Tells where each amount comes from, as far as loading knew.
   bool dryRun = false;                    ///< Chooses, validates and reviews, and stores nothing.
 };
 
@@ -41,6 +44,7 @@ struct MonthLine {
   std::string entry;          ///< The number of the stored entry.
   std::vector<MonthPay> pay;  ///< Where the month could be loaded.
   std::vector<std::string> reasons;
+  std::vector<Explanation> explanations;  ///< Where they were wanted, and the month could be loaded.
 };
 
 struct MonthReport {

@@ -142,6 +142,7 @@ void MonthRun::chooseEmployee(std::size_t index) {
     if (options_.facilities) form_->takeRecoveries();
     if (!options_.balance) form_->leaveBalance();
     desktop_.takeMessages();
+    if (options_.explanations) line.explanations = form_->knownExplanations();
     auto month = form_->offeredMonth();
     for (const NetPay& net : form_->netPay()) line.pay.push_back({net.symbol, net.amount});
     if (month) return settle(index, *std::move(month));

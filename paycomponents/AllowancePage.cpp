@@ -10,10 +10,14 @@
 namespace payslate {
 
 AllowancePage::AllowancePage(BasPaySlate& bas, ui::ListView& lvwAllow, const FormHelpers& helpers,
-                             const Formulas& formulas, CurrencyTotals& totals)
-    : bas_(bas), lvwAllow_(lvwAllow), helpers_(helpers), formulas_(formulas), totals_(totals), popup_([this] {
-        return std::make_shared<frmAllowPopup>(bas_, *this);
-      }) {}
+                             const Formulas& formulas, CurrencyTotals& totals, RowOrigins& origins)
+    : bas_(bas),
+      lvwAllow_(lvwAllow),
+      helpers_(helpers),
+      formulas_(formulas),
+      totals_(totals),
+      origins_(origins),
+      popup_([this] { return std::make_shared<frmAllowPopup>(bas_, *this); }) {}
 
 bool AllowancePage::mayDelete(int row) const {
   return lvwAllow_.cellText(row, AllowColumn::Default) != AllowKind::Standing;

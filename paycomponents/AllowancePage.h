@@ -11,6 +11,7 @@ namespace payslate {
 
 class CurrencyTotals;
 class Formulas;
+class RowOrigins;
 class frmAllowPopup;
 struct FormHelpers;
 
@@ -18,7 +19,7 @@ class AllowancePage : public ListPage {
  public:
   /// The helpers are those of the entry form; they must be there before a command runs.
   AllowancePage(BasPaySlate& bas, ui::ListView& lvwAllow, const FormHelpers& helpers,
-                const Formulas& formulas, CurrencyTotals& totals);
+                const Formulas& formulas, CurrencyTotals& totals, RowOrigins& origins);
 
   [[nodiscard]] ui::ListView& list() override { return lvwAllow_; }
   [[nodiscard]] bool offersAdd() const override { return true; }
@@ -32,6 +33,7 @@ class AllowancePage : public ListPage {
   bool blnAllowChange = false;   ///< The clerk has added, changed or deleted a row.
 
   [[nodiscard]] const Formulas& formulas() const { return formulas_; }
+  [[nodiscard]] RowOrigins& origins() const { return origins_; }
   void DisplayCurrency();
 
  private:
@@ -40,6 +42,7 @@ class AllowancePage : public ListPage {
   const FormHelpers& helpers_;
   const Formulas& formulas_;
   CurrencyTotals& totals_;
+  RowOrigins& origins_;
   ui::FormSlot<frmAllowPopup> popup_;
 };
 

@@ -49,11 +49,22 @@ bool ComponentChoice::isOfRow(std::int32_t componentId) const {
   return row_ && row_->componentId == componentId;
 }
 
+Origin ComponentChoice::origin(const std::string& before) const {
+  Origin origin;
+  origin.known = true;
+  origin.formula = priced_;
+  origin.change = priced_.id == 0 ? ChangedBy::Clerk : ChangedBy::Nobody;
+  origin.before = before;
+  return origin;
+}
+
 void ComponentChoice::price(std::int32_t componentId) {
+  priced_ = {};
   if (isOfRow(componentId)) return keepRowAmount();
   const std::int32_t formulaId = lookups_.formulaId(*helpers_.objCommonDB, componentId);
   if (formulaId >= 1) {
-    controls_.txtAmount.Text = basic::numberText(formulas_.amountOf(controls_.combo.Text(), formulaId));
+    priced_ = formulas_.amountOf(controls_.combo.Text(), formulaId);
+    controls_.txtAmount.Text = basic::numberText(priced_.answer);
   } else if (row_) {
     keepRowAmount();
   } else {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "component/Origins.h"
 #include "paycomponents/PayLookups.h"
 
 namespace payslate {
@@ -55,6 +56,10 @@ class ComponentChoice {
   /// Is the row's own component shown, one that cannot be chosen any more? Its amount can still be corrected.
   [[nodiscard]] bool showsRetired() const;
 
+  /// Where the amount of the chosen component comes from, when it is new in its row: its formula, or the
+  /// clerk.
+  [[nodiscard]] Origin origin(const std::string& before = {}) const;
+
   /// A component must be chosen.
   [[nodiscard]] std::int32_t componentId() const;
 
@@ -69,6 +74,7 @@ class ComponentChoice {
   const FormHelpers& helpers_;
   Controls controls_;
   bool incomplete_ = false;  ///< The choice could not be priced.
+  FormulaOrigin priced_;     ///< By which the chosen component was priced.
   std::optional<Row> row_;   ///< As shown first; empty while one is added.
 };
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "component/PayStatement.h"
+
 namespace payslate {
 
 namespace ui {
@@ -36,6 +38,8 @@ class CurrencyTotals {
   void DisplayCurrency();
   /// The net totals of the statement.
   [[nodiscard]] const std::vector<NetPay>& netPay() const { return netPay_; }
+  /// What its rows are about.
+  [[nodiscard]] const std::vector<StatementRow>& statement() const { return statement_; }
 
  private:
   struct ListPart {
@@ -45,6 +49,7 @@ class CurrencyTotals {
     int amount;
     int symbol;
     int sign;
+    StatementPart part;
   };
 
   void showcurrency();
@@ -52,12 +57,13 @@ class CurrencyTotals {
   void showCurrency(const std::string& symbol);
   [[nodiscard]] double showPart(const ListPart& part, const std::string& symbol);
   /// Adds a row with an amount and returns the amount as shown.
-  double addAmount(const std::string& details, double amount);
-  void addRow(const std::string& details, const std::string& amount = {});
+  double addAmount(const std::string& indent, StatementRow row, double amount);
+  void addRow(const std::string& indent, StatementRow row);
 
   CurrencyControls controls_;
   std::vector<std::string> cur_;
   std::vector<NetPay> netPay_;
+  std::vector<StatementRow> statement_;
 };
 
 }  // namespace payslate

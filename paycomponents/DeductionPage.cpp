@@ -11,13 +11,15 @@
 namespace payslate {
 
 DeductionPage::DeductionPage(BasPaySlate& bas, const EntryState& state, ui::ListView& lvwDeduct,
-                             const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals)
+                             const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals,
+                             RowOrigins& origins)
     : bas_(bas),
       state_(state),
       lvwDeduct_(lvwDeduct),
       helpers_(helpers),
       formulas_(formulas),
       totals_(totals),
+      origins_(origins),
       popup_([this] { return std::make_shared<frmDeductPopup>(bas_, *this); }) {}
 
 bool DeductionPage::mayDelete(int row) const {

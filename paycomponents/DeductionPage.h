@@ -12,6 +12,7 @@ namespace payslate {
 
 class CurrencyTotals;
 class Formulas;
+class RowOrigins;
 class frmDeductPopup;
 struct EntryState;
 struct FormHelpers;
@@ -20,7 +21,8 @@ class DeductionPage : public ListPage {
  public:
   /// The helpers are those of the entry form; they must be there before a command runs.
   DeductionPage(BasPaySlate& bas, const EntryState& state, ui::ListView& lvwDeduct,
-                const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals);
+                const FormHelpers& helpers, const Formulas& formulas, CurrencyTotals& totals,
+                RowOrigins& origins);
 
   [[nodiscard]] ui::ListView& list() override { return lvwDeduct_; }
   [[nodiscard]] bool offersAdd() const override { return true; }
@@ -35,6 +37,7 @@ class DeductionPage : public ListPage {
   bool blnDeductChange = false;  ///< The clerk has added, changed or deleted a row.
 
   [[nodiscard]] const Formulas& formulas() const { return formulas_; }
+  [[nodiscard]] RowOrigins& origins() const { return origins_; }
   /// The employee whose month is entered; one must be selected.
   [[nodiscard]] std::int32_t employeeId() const;
   void DisplayCurrency();
@@ -46,6 +49,7 @@ class DeductionPage : public ListPage {
   const FormHelpers& helpers_;
   const Formulas& formulas_;
   CurrencyTotals& totals_;
+  RowOrigins& origins_;
   ui::FormSlot<frmDeductPopup> popup_;
 };
 

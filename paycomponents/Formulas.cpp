@@ -42,7 +42,7 @@ std::string failure(std::int32_t formulaId, const std::string& statement, const 
          "\rAnswer: " + reason;
 }
 
-double computed(ado::Connection& connection, std::int32_t formulaId, const std::string& statement) {
+double answerOf(ado::Connection& connection, std::int32_t formulaId, const std::string& statement) {
   try {
     ado::Recordset result = connection.Execute(statement);
     if (result.FieldCount() != 1)
@@ -85,22 +85,37 @@ struct Formulas::Parameters {
 
   // One blank-separated token of an upper-case expression, as the server is to read it. A sign of the value's
   // own belongs to the value, whatever stands before it.
-  [[nodiscard]] std::string replaced(const std::string& token) const {
+  [[nodiscard]] std::string replaced(const std::string& token, FormulaOrigin& origin) const {
     for (const auto& [name, value] : codes) {
       if (name != token) continue;
       const std::string text = basic::Format(value, parameterPattern);
+      noteValue(origin, {std::string(name), value, text});
       return text.starts_with('-') ? "(" + text + ")" : text;
     }
-    return basic::IsNumeric(token) ? basic::Format(Val(token), parameterPattern) : token;
+    if (!basic::IsNumeric(token)) return token;
+    std::string counted = basic::Format(Val(token), parameterPattern);
+    if (Val(counted) != Val(token)) origin.lost.push_back({token, counted});
+    return counted;
+  }
+
+  static void noteValue(FormulaOrigin& origin, FormulaValue used) {
+    for (const FormulaValue& known : origin.values)
+      if (known.code == used.code) return;
+    origin.values.push_back(std::move(used));
   }
 };
 
-Formulas::Parameters Formulas::parameters() const {
+FormulaDays Formulas::days() const {
+  return {Val(controls_.txtNoPresent.Text()) - state_.dblHolidays, Val(controls_.txtNoAbsent.Text()),
+          Val(controls_.txtNoLeave.Text()), state_.dblHolidays};
+}
+
+Formulas::Parameters Formulas::parameters(const FormulaDays& days) const {
   Parameters parameters;
-  parameters.set("PD", Val(controls_.txtNoPresent.Text()) - state_.dblHolidays);
-  parameters.set("AD", Val(controls_.txtNoAbsent.Text()));
-  parameters.set("LD", Val(controls_.txtNoLeave.Text()));
-  parameters.set("HD", state_.dblHolidays);
+  parameters.set("PD", days.present);
+  parameters.set("AD", days.absent);
+  parameters.set("LD", days.leave);
+  parameters.set("HD", days.holidays);
 
   if (!state_.employeeId) throw ado::Error("A formula needs an employee: select one first.", "02000");
   ado::Recordset row;
@@ -124,27 +139,30 @@ std::string Formulas::expression(std::int32_t formulaId) const {
   if (text.empty())
     throw ado::Error("Formula " + std::to_string(formulaId) + " is not in the formula table or has no text.",
                      "02000");
-  return basic::upper(text);
+  return text;
 }
 
-double Formulas::fnformulaamt(std::int32_t formulaId) const {
-  const Parameters values = parameters();
-  const std::string text = expression(formulaId);
-  std::string arithmetic;
+FormulaOrigin Formulas::computed(std::int32_t formulaId, const FormulaDays& days) const {
+  FormulaOrigin origin;
+  const Parameters values = parameters(days);
+  origin.id = formulaId;
+  origin.text = expression(formulaId);
+  const std::string text = basic::upper(origin.text);
   for (std::size_t at = 0; at <= text.size();) {
     const std::size_t blank = std::min(text.find(' ', at), text.size());
-    const std::string token = values.replaced(text.substr(at, blank - at));
-    if (arithmetic.ends_with('-') && token.starts_with('-'))
-      arithmetic += ' ';  // Joined they begin a comment.
-    arithmetic += token;
+    const std::string token = values.replaced(text.substr(at, blank - at), origin);
+    if (origin.sent.ends_with('-') && token.starts_with('-'))
+      origin.sent += ' ';  // Joined they begin a comment.
+    origin.sent += token;
     at = blank + 1;
   }
-  return computed(*session_.adocon(), formulaId, "select " + arithmetic);
+  origin.answer = answerOf(*session_.adocon(), formulaId, "select " + origin.sent);
+  return origin;
 }
 
-double Formulas::amountOf(const std::string& component, std::int32_t formulaId) const {
+FormulaOrigin Formulas::amountOf(const std::string& component, std::int32_t formulaId) const {
   try {
-    return fnformulaamt(formulaId);
+    return computed(formulaId);
   } catch (ado::Error& error) {
     error.Description.insert(0, component + ": ");
     throw;
@@ -156,20 +174,22 @@ double Formulas::amountOf(const std::string& component, std::int32_t formulaId) 
 }
 
 void Formulas::refreshRow(ui::ListView& list, int row, int descriptionColumn, int amountColumn,
-                          std::int32_t formulaId) const {
+                          std::int32_t formulaId, RowOrigins& origins) const {
   if (formulaId <= 0) return;
-  const double amount = amountOf(list.cellText(row, descriptionColumn), formulaId);
-  list.setCell(row, amountColumn, basic::numberText(amount));
+  FormulaOrigin formula = amountOf(list.cellText(row, descriptionColumn), formulaId);
+  const std::string before = list.cellText(row, amountColumn);
+  list.setCell(row, amountColumn, basic::numberText(formula.answer));
+  origins.refreshed(list, row, before, std::move(formula));
 }
 
 void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::ListView& lvwDeduct,
-                       LoadedMonth& loaded) const {
+                       EntryState& state) const {
   const PayLookups allowances(session_, allowanceKind);
   for (int row = 0; row < lvwAllow.rowCount(); ++row) {
     if (lvwAllow.cellText(row, AllowColumn::Default) == AllowKind::CarriedForward) continue;
     const std::int32_t id = basic::numberOrZero(lvwAllow.cellText(row, AllowColumn::AllowID));
     refreshRow(lvwAllow, row, AllowColumn::AllowanceType, AllowColumn::Amount,
-               allowances.formulaId(database, id));
+               allowances.formulaId(database, id), state.rowOrigins);
   }
   const PayLookups deductions(session_, deductionKind);
   const std::vector<ListRow> rows = plainRows(lvwDeduct);
@@ -179,9 +199,10 @@ void Formulas::refresh(common::CommonDB& database, ui::ListView& lvwAllow, ui::L
     const std::int32_t formulaId = deductions.formulaId(database, id);
     if (formulaId <= 0) continue;
     const double before = Val(lvwDeduct.cellText(row, DeductColumn::Amount));
-    refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount, formulaId);
-    loaded.refreshed(deductionKey(rows, static_cast<std::size_t>(row)), before,
-                     Val(lvwDeduct.cellText(row, DeductColumn::Amount)));
+    refreshRow(lvwDeduct, row, DeductColumn::DeductionType, DeductColumn::Amount, formulaId,
+               state.rowOrigins);
+    state.loaded.refreshed(deductionKey(rows, static_cast<std::size_t>(row)), before,
+                           Val(lvwDeduct.cellText(row, DeductColumn::Amount)));
   }
 }
 

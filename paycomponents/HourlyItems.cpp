@@ -8,6 +8,7 @@
 #include "component/FormHelpers.h"
 #include "component/ListPage.h"
 #include "component/PayRows.h"
+#include "component/RowOrigins.h"
 #include "paycomponents/Formulas.h"
 #include "paycomponents/PayLookups.h"
 #include "platform/ado/Recordset.h"
@@ -104,17 +105,17 @@ std::string activeStatement(const Session& session, const HourlyTexts& texts, co
 
 }  // namespace
 
-double HourlyItems::rateOfBasicPay(double basicPay, std::int32_t dailyHours, std::int32_t employeeId) const {
-  if (dailyHours < 1) return 0;
-  const auto days = static_cast<double>(basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1);
-  const double hours = dailyHours * days;
+void HourlyItems::rateOfBasicPay(HoursOrigin& rate, std::int32_t employeeId) const {
+  if (rate.countedHours < 1) return;
+  rate.days = basic::daysBetween(bas_.dtPeriodStart, bas_.dtPeriodEnd) + 1;
+  const double hours = rate.countedHours * static_cast<double>(rate.days);
   if (hours > std::numeric_limits<std::int16_t>::max())
     throw basic::ValueError(
         basic::ErrorKind::Overflow,
         "The working hours of the pay period are too many to be counted: correct the hours "
         "of work (hrsofWork) of employee " +
             std::to_string(employeeId) + ".");
-  return basicPay / hours;
+  rate.rate = rate.basicPay / hours;
 }
 
 HourlyItems::Rates HourlyItems::masterRates(std::int32_t employeeId) {
@@ -122,41 +123,52 @@ HourlyItems::Rates HourlyItems::masterRates(std::int32_t employeeId) {
   rates.Open(ratesStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
              LockType::Optimistic);
   if (rates.Eof() || basic::isNull(rates.Fields("DeductionPerHourRate").Value())) return {};
-  return {numberOf(rates.Fields("AllowancePerHourRate").Value()),
-          numberOf(rates.Fields("DeductionPerHourRate").Value())};
+  const auto master = [](const basic::Value& rate) {
+    HoursOrigin origin;
+    origin.rate = numberOf(rate);
+    origin.source = RateSource::EmployeeMaster;
+    return origin;
+  };
+  return {master(rates.Fields("AllowancePerHourRate").Value()),
+          master(rates.Fields("DeductionPerHourRate").Value())};
 }
 
 HourlyItems::Rates HourlyItems::ratesOf(std::int32_t employeeId) {
-  double basicPay = 0;
-  std::int32_t dailyHours = 0;
+  HoursOrigin rate;
+  rate.source = RateSource::BasicPay;
   ado::Recordset employee;
   employee.Open(employeeStatement(bas_, std::to_string(employeeId)), *bas_.adocon(), CursorType::Keyset,
                 LockType::Optimistic);
   if (!employee.Eof()) {
-    basicPay = numberOf(employee.Fields("eBasic").Value());
-    dailyHours = basic::CLng(amountText(employee.Fields("hrsofWork").Value()));
+    rate.basicPay = numberOf(employee.Fields("eBasic").Value());
+    rate.dailyHours = numberOf(employee.Fields("hrsofWork").Value());
+    rate.countedHours = basic::CLng(amountText(rate.dailyHours));
   }
   common::CommonDB& database = *helpers_.objCommonDB;
   database.strTableName("pSettings");
   if (flagOf(database.fnreturnfield("PerHourRateFromEmployeeMaster", "companyid=" + bas_.companyText())))
     return masterRates(employeeId);
-  const double rate = rateOfBasicPay(basicPay, dailyHours, employeeId);
+  rateOfBasicPay(rate, employeeId);
   return {rate, rate};
 }
 
-double HourlyItems::amountOf(HourlyKind kind, std::int32_t componentId, double amountByHours) {
+HoursOrigin HourlyItems::rateOf(HourlyKind kind, std::int32_t employeeId) {
+  const Rates rates = ratesOf(employeeId);
+  return kind == HourlyKind::Allowances ? rates.allowance : rates.deduction;
+}
+
+double HourlyItems::amountOf(HourlyKind kind, std::int32_t componentId, Origin& origin) {
   const HourlyTexts& texts = textsOf(kind);
   const std::string id = std::to_string(componentId);
   ado::Recordset formula;
   formula.Open(formulaStatement(bas_, texts, id), *bas_.adocon(), CursorType::Keyset, LockType::Optimistic);
-  if (formula.Eof()) return amountByHours;
-  const double amount =
-      formulas_.amountOf(texts.name + id, basic::CLng(formula.Fields("fFormulaID").Value()));
-  ado::Recordset result = bas_.adocon()->Execute("select " + basic::numberText(amount));
+  if (formula.Eof()) return origin.hours.hours * origin.hours.rate;
+  origin.formula = formulas_.amountOf(texts.name + id, basic::CLng(formula.Fields("fFormulaID").Value()));
+  ado::Recordset result = bas_.adocon()->Execute("select " + basic::numberText(origin.formula.answer));
   return basic::CDbl(result.Fields(0).Value());
 }
 
-void HourlyItems::addRow(HourlyKind kind, std::int32_t componentId, double amount) {
+void HourlyItems::addRow(HourlyKind kind, std::int32_t componentId, double amount, Origin origin) {
   const HourlyTexts& texts = textsOf(kind);
   const std::string id = std::to_string(componentId);
   ado::Recordset active;
@@ -165,19 +177,25 @@ void HourlyItems::addRow(HourlyKind kind, std::int32_t componentId, double amoun
   ui::ListView& list = kind == HourlyKind::Allowances ? controls_.lvwAllow : controls_.lvwDeduct;
   list.addRow({nextSerialNumber(list), active.Fields(1).Text(), amountText(amount), id, texts.rowKind,
                PayLookups(bas_, texts.component).symbol(*helpers_.objCommonDB, componentId)});
+  origin.amount = amountText(amount);
+  origins_.added(list, std::move(origin));
 }
 
 void HourlyItems::fnLoadHourlyItems(HourlyKind kind, std::int32_t employeeId) {
   const Rates rates = ratesOf(employeeId);
   const bool allowance = kind == HourlyKind::Allowances;
-  if (rates.deduction == 0 && (!allowance || rates.allowance == 0)) return;
+  if (rates.deduction.rate == 0 && (!allowance || rates.allowance.rate == 0)) return;
   ado::Recordset hours;
   hours.Open(hoursStatement(bas_, textsOf(kind), employeeId), *bas_.adocon(), CursorType::Keyset,
              LockType::Optimistic);
   for (; !hours.Eof(); hours.MoveNext()) {
     const std::int32_t componentId = basic::CLng(hours.Fields(0).Value());
-    const double rate = allowance ? rates.allowance : rates.deduction;
-    addRow(kind, componentId, amountOf(kind, componentId, numberOf(hours.Fields("Hours").Value()) * rate));
+    Origin origin;
+    origin.known = true;
+    origin.hours = allowance ? rates.allowance : rates.deduction;
+    origin.hours.hours = numberOf(hours.Fields("Hours").Value());
+    const double amount = amountOf(kind, componentId, origin);
+    addRow(kind, componentId, amount, std::move(origin));
   }
 }
 

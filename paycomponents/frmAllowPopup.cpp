@@ -3,6 +3,7 @@
 
 #include "component/AmountBox.h"
 #include "component/BasPaySlate.h"
+#include "component/RowOrigins.h"
 #include "paycomponents/AllowancePage.h"
 #include "paycomponents/ListColumns.h"
 #include "platform/basic/Numbers.h"
@@ -95,20 +96,34 @@ void frmAllowPopup::addRow() {
       page_.list(), 0,
       {nextSerialNumber(page_.list()), cboAllow.Text(), listAmount(txtAmount),
        std::to_string(choice_.componentId()), AllowKind::Added, lblsymbol.Caption()});
+  page_.origins().added(page_.list(), choice_.origin());
   page_.blnAllowChange = true;
 }
 
 void frmAllowPopup::rewriteRow() {
   ui::ListView& list = page_.list();
   const int row = list.SelectedItem();
+  const std::string id = std::to_string(choice_.componentId());
+  if (list.cellText(row, AllowColumn::AllowID) == id) {
+    noteTyped();
+  } else {
+    page_.origins().replaced(list, row, choice_.origin(list.cellText(row, AllowColumn::Amount)));
+  }
   list.setCell(row, AllowColumn::AllowanceType, cboAllow.Text());
   list.setCell(row, AllowColumn::Amount, listAmount(txtAmount));
-  list.setCell(row, AllowColumn::AllowID, std::to_string(choice_.componentId()));
+  list.setCell(row, AllowColumn::AllowID, id);
   list.setCell(row, AllowColumn::Symbol, lblsymbol.Caption());
   rowEdited();
 }
 
+void frmAllowPopup::noteTyped() {
+  ui::ListView& list = page_.list();
+  const int row = list.SelectedItem();
+  page_.origins().typed(list, row, list.cellText(row, AllowColumn::Amount), listAmount(txtAmount));
+}
+
 void frmAllowPopup::rewriteAmount() {
+  noteTyped();
   page_.list().setCell(page_.list().SelectedItem(), AllowColumn::Amount, listAmount(txtAmount));
   rowEdited();
 }

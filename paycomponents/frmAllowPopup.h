@@ -51,6 +51,7 @@ class frmAllowPopup : public ui::Form {
   [[nodiscard]] bool payBalanceOut();
   [[nodiscard]] bool storeAllowance();
   void rewriteAmount();
+  void noteTyped();
   void addRow();
   void rewriteRow();
   void rowEdited();

@@ -4,6 +4,7 @@
 #include "component/AmountBox.h"
 #include "component/BasPaySlate.h"
 #include "component/CurrencySymbols.h"
+#include "component/RowOrigins.h"
 #include "paycomponents/DeductionPage.h"
 #include "paycomponents/ListColumns.h"
 #include "platform/basic/Numbers.h"
@@ -148,10 +149,12 @@ bool frmDeductPopup::fnIsNewDeduction(std::int32_t deductionId) const {
   return true;
 }
 
-void frmDeductPopup::addRow(const std::string& description, const std::string& id, const char* type) {
+void frmDeductPopup::addRow(const std::string& description, const std::string& id, const char* type,
+                            Origin origin) {
   helpers_.objCommonDB->fnInsertListview(page_.list(), 0,
                                          {nextSerialNumber(page_.list()), description, listAmount(txtAmount),
                                           id, type, lblsymbol.Caption(), ""});
+  page_.origins().added(page_.list(), std::move(origin));
   page_.blnDeductChange = true;
 }
 
@@ -161,11 +164,21 @@ void frmDeductPopup::rowEdited() {
   navigation_.selectNext();
 }
 
+void frmDeductPopup::noteTyped() {
+  ui::ListView& list = page_.list();
+  const int row = list.SelectedItem();
+  page_.origins().typed(list, row, list.cellText(row, DeductColumn::Amount), listAmount(txtAmount));
+}
+
 bool frmDeductPopup::storeFixed() {
   if (!bas_.fnCheckBlank(txtAmount, "Enter amount", bas_.MsgboxTitle)) return false;
   if (adding()) {
-    addRow(txtDeductionType.Text(), "", DeductKind::CarriedForward);
+    Origin typed;
+    typed.known = true;
+    typed.change = ChangedBy::Clerk;
+    addRow(txtDeductionType.Text(), "", DeductKind::CarriedForward, std::move(typed));
   } else {
+    noteTyped();
     page_.list().setCell(page_.list().SelectedItem(), DeductColumn::Amount, listAmount(txtAmount));
     rowEdited();
   }
@@ -186,11 +199,16 @@ bool frmDeductPopup::storeChosen() {
     return false;
   }
   if (adding()) {
-    addRow(cboDeduct.Text(), std::to_string(id), DeductKind::Added);
+    addRow(cboDeduct.Text(), std::to_string(id), DeductKind::Added, choice_.origin());
     return true;
   }
   ui::ListView& list = page_.list();
   const int row = list.SelectedItem();
+  if (list.cellText(row, DeductColumn::DeductID) == std::to_string(id)) {
+    noteTyped();
+  } else {
+    page_.origins().replaced(list, row, choice_.origin(list.cellText(row, DeductColumn::Amount)));
+  }
   list.setCell(row, DeductColumn::DeductionType, cboDeduct.Text());
   list.setCell(row, DeductColumn::Amount, listAmount(txtAmount));
   list.setCell(row, DeductColumn::DeductID, std::to_string(id));

@@ -59,8 +59,9 @@ class frmDeductPopup : public ui::Form {
   [[nodiscard]] bool adding() const;
   [[nodiscard]] bool storeFixed();
   [[nodiscard]] bool storeChosen();
-  void addRow(const std::string& description, const std::string& id, const char* type);
+  void addRow(const std::string& description, const std::string& id, const char* type, Origin origin);
   void rowEdited();
+  void noteTyped();
 
   BasPaySlate& bas_;
   DeductionPage& page_;

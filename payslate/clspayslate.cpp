@@ -6,6 +6,7 @@
 
 #include "browser/FrmMaster.h"
 #include "component/BasPaySlate.h"
+#include "months/EntryExplaining.h"
 #include "months/MonthReviewer.h"
 #include "months/MonthRun.h"
 
@@ -57,6 +58,12 @@ MonthReview clspayslate::ReviewMonth(const ReviewOptions& options) {
   Session session;
   handOver(session);
   return MonthReviewer(session, options).review();
+}
+
+ExplainedEntry clspayslate::ExplainEntry(const std::string& number) {
+  BasPaySlate session;  // Its own: a list may be shown meanwhile.
+  handOver(session);
+  return explainEntry(session, number);
 }
 
 void clspayslate::Show() {

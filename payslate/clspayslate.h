@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "component/Explanation.h"
 #include "months/MonthReport.h"
 #include "months/MonthReview.h"
 #include "platform/ado/Connection.h"
@@ -50,6 +51,11 @@ class clspayslate {
   /// statements, and writes nothing unless it accepts the month. MonthRefused where the month has no pay
   /// period or cannot be accepted; ado::Error. The session counts as for Show, but for the title.
   MonthReview ReviewMonth(const ReviewOptions& options);
+
+  /// Where every figure of a stored entry comes from, by its number, without a window; nothing is written.
+  /// ado::Error when the company has no such entry, and for a user who may not open entries. The session
+  /// counts as for Show, but for the title.
+  ExplainedEntry ExplainEntry(const std::string& number);
 
  private:
   void handOver(struct Session& session);

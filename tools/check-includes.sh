@@ -21,9 +21,10 @@ schema             : platform/basic platform/ado
 component          : $platform
 persistence        : component platform/basic platform/ado platform/common <openssl/
 review             : component platform/basic
+explain            : component platform/basic
 facilities         : component $platform
 paycomponents      : component $platform
-entry              : component facilities paycomponents persistence review $platform
+entry              : component explain facilities paycomponents persistence review $platform
 browser            : component persistence review entry $platform
 months             : component persistence review entry $platform
 payslate           : component persistence browser months $platform platform/providers
@@ -58,6 +59,7 @@ tests/soak         : host payslate $platform platform/scripted tests/component
 tests/server       : platform/basic platform/ado tests/ado
 persistence never reaches platform/ui
 review never reaches platform/ui
+explain never reaches platform/ui
 "
 
 find_sources() { find . -path ./build -prune -o -path './.*' -prune -o \( -name '*.cpp' -o -name '*.h' \) -print; }

@@ -12,7 +12,7 @@ component/TableLinkMap.cpp : $header $details : 8 : the table links
 browser/FrmMaster.cpp      : $header : 2 : the statement of the list of entries, and its table
 entry/frmpayslate.cpp      : $header : 1 : the statement of the employee combo
 "
-folders="component payslate browser months entry review paycomponents facilities"
+folders="component payslate browser months entry explain review paycomponents facilities"
 
 # In any letter case: it makes no difference to a database either.
 found=$(grep -rnioE "$(tr ' ' '|' <<<"$header $details $movements")" $(ls -d $folders 2>/dev/null)) || [ $? -eq 1 ]

@@ -64,7 +64,7 @@ class Reader {
   void addTableLine(std::string_view line) {
     if (expectsTable_ == TableKind::None)
       throw LineError("a table stands where none belongs",
-                      "write it directly below an expect list, expect combo or expect sql");
+                      "write it directly below an expect list, expect combo, expect text or expect sql");
     Table& table = errand_.instructions.back().table;
     std::vector<Cell> found = cells(line);
     if (width_ == 0) width_ = found.size();

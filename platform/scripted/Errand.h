@@ -55,6 +55,7 @@ enum class Verb {
   ExpectNotRed,
   ExpectList,
   ExpectCombo,
+  ExpectText,
   ExpectSql,
   ExpectError,
   ExpectSent,

@@ -75,6 +75,7 @@ constexpr std::array rules{
     Rule{"expect not red", Verb::ExpectNotRed, {Slot::Name, Slot::RowFrom1}, "expect not red GRID N"},
     Rule{"expect list", Verb::ExpectList, {Slot::Name}, "expect list LIST and a table below it"},
     Rule{"expect combo", Verb::ExpectCombo, {Slot::Name}, "expect combo COMBO and a table below it"},
+    Rule{"expect text", Verb::ExpectText, {Slot::Name}, "expect text FORM and its lines below it"},
     Rule{"expect sql", Verb::ExpectSql, {Slot::Rest}, "expect sql STATEMENT and its rows below it"},
     Rule{"expect error", Verb::ExpectError, {Slot::Text}, "expect error TEXT"},
     Rule{"expect sent", Verb::ExpectSent, {Slot::Count}, "expect sent N"},
@@ -325,6 +326,7 @@ TableKind tableOf(Verb verb) {
     case Verb::ExpectCombo:
       return TableKind::Headed;
     case Verb::ExpectSql:
+    case Verb::ExpectText:
       return TableKind::Bare;
     default:
       return TableKind::None;

@@ -10,6 +10,7 @@
 #include "platform/scripted/Finding.h"
 #include "platform/ui/ComboBox.h"
 #include "platform/ui/Grid.h"
+#include "platform/ui/TextPage.h"
 
 namespace payslate::scripted {
 
@@ -103,6 +104,27 @@ void seeCombo(const Instruction& expectation, const Form& form) {
   compare(expectation.table, {combo.items().size(), text});
 }
 
+// The form's page of text, named by the form, or a page named by itself.
+const TextPage& pageOf(const Form& form, const std::string& name) {
+  if (!basic::sameName(form.Name(), name)) return controlOf<TextPage>(form, name, "a page of text");
+  for (const Control* control : form.Controls())
+    if (const auto* page = dynamic_cast<const TextPage*>(control)) return *page;
+  throw Mismatch("a page of text on " + form.Name(), "it has none");
+}
+
+void seeText(const Instruction& expectation, const Form& form) {
+  const std::vector<std::string> lines = pageOf(form, expectation.target).lines();
+  const std::vector<std::vector<Cell>>& wanted = expectation.table.rows;
+  for (std::size_t line = 0; line < std::max(lines.size(), wanted.size()); ++line) {
+    const std::string where = "line " + std::to_string(line + 1) + ": ";
+    if (line >= wanted.size()) throw Mismatch(counted(wanted.size(), "line"), where + inQuotes(lines[line]));
+    const std::string expected = where + inQuotes(wanted[line].front().text);
+    if (wanted[line].size() != 1) throw Mismatch("one cell a line", counted(wanted[line].size(), "cell"));
+    if (line >= lines.size()) throw Mismatch(expected, counted(lines.size(), "line"));
+    if (!sameText(wanted[line].front(), lines[line])) throw Mismatch(expected, where + inQuotes(lines[line]));
+  }
+}
+
 void seeProperty(const Instruction& expectation, const Form& form) {
   const std::string& property = expectation.property;
   std::optional<std::string> text;
@@ -184,6 +206,8 @@ void see(const Instruction& expectation, const Form& form) {
       return seeList(expectation, form);
     case Verb::ExpectCombo:
       return seeCombo(expectation, form);
+    case Verb::ExpectText:
+      return seeText(expectation, form);
     default:
       return seeProperty(expectation, form);
   }

@@ -25,6 +25,7 @@ constexpr int Right = 39;
 constexpr int Down = 40;
 constexpr int Delete = 46;
 constexpr int F1 = 112;
+constexpr int F2 = 113;
 constexpr int F4 = 115;
 constexpr int F9 = 120;
 constexpr int F10 = 121;

@@ -11,7 +11,7 @@ ListView::ListView(Form& form, std::string name, std::vector<ColumnLayout> colum
     : RowControl(form, std::move(name)), columns_(std::move(columns)), checkBoxes_(checkBoxes) {}
 
 void ListView::addRow(std::vector<std::string> cells, bool checked) {
-  rows_.push_back({std::move(cells), checked});
+  rows_.push_back({std::move(cells), checked, 0});
   tell(Aspect::RowInserted, rowCount() - 1);
   if (selected_ < 0 && rowCount() == 1) select(0);
 }

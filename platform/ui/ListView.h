@@ -10,6 +10,7 @@ class ListView : public RowControl {
   struct Row {
     std::vector<std::string> cells;  ///< The item text, then the sub-items; missing ones read as empty.
     bool checked = false;
+    int tag = 0;  ///< What a program keeps beside the row, wherever it moves; 0: nothing.
   };
 
   ListView(Form& form, std::string name, std::vector<ColumnLayout> columns, bool checkBoxes = false);
@@ -30,6 +31,8 @@ class ListView : public RowControl {
   [[nodiscard]] int currentRow() const override { return selected_; }
   [[nodiscard]] bool isChecked(int row) const { return at(row).checked; }
   void setChecked(int row, bool checked);  ///< By program: no event.
+  [[nodiscard]] int tag(int row) const { return at(row).tag; }
+  void setTag(int row, int tag) { at(row).tag = tag; }
 
   [[nodiscard]] int SelectedItem() const { return selected_; }
   void select(int row);  ///< -1: none.

@@ -307,6 +307,33 @@ TEST_F(CommandLine, TheMonthIsReviewedAndAccepted) {
   expectIn(said({}, 2), "Pay month 4 of this company has no start date");
 }
 
+TEST_F(CommandLine, AWholeEntryIsExplained) {
+  ASSERT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
+  const auto said = [this](const std::string& user, const std::string& entry,
+                           const std::vector<std::string>& more = {}) {
+    std::vector<std::string> words{"explain", "--connect", "demo.db",     "--company", "1",
+                                   "--user",  user,        "--interface", "40001",     "--year",
+                                   "2026",    "--date",    "2026/04/30",  "--entry",   entry};
+    words.insert(words.end(), more.begin(), more.end());
+    const Outcome outcome = call(words);
+    return std::to_string(outcome.code) + outcome.out + outcome.err;
+  };
+  const auto expectIn = [](const std::string& text, const std::string& part) {
+    EXPECT_NE(text.find(part), std::string::npos) << text;
+  };
+  const std::string entry = said("1", "EN65");
+  expectIn(
+      entry,
+      "0Entry EN65 of 30/04/2026, Asha Verling\nRecord deleted. Cannot edit.\n\nDays\n  Total days: 30\n");
+  expectIn(
+      entry,
+      "\nDeductions\n  Provident fund: 3600.00 Rs\n    Stored: 3600.00\n    Formula: F-FUND: bp * 0.12\n");
+  expectIn(said("1", "EN65", {"--format", "csv"}),
+           "Deductions,House loan,3000.00,Rs,Due,\"the instalment, 3500.50\"\n");
+  expectIn(said("1", "EN0"), "2payroll-host: The company has no entry with the number EN0.");
+  expectIn(said("5", "EN65"), "2payroll-host: This user has no right to open entries (E).");
+}
+
 TEST_F(CommandLine, TheJournalIsShownSealedAndProved) {
   ASSERT_EQ(call({"demo", "--database", "demo.db", "--screens", "pictures"}).code, 0);
   const auto said = [this](const std::vector<std::string>& words, int code) {
