@@ -66,7 +66,8 @@ class Commands {
   ExitCode perform() {
     for (const auto& [parser, command] : commands_)
       if (parser->parsed()) return command();
-    throw Refusal("A command is missing: demo, init, upgrade, errand, show, month, review, explain or journal.");
+    throw Refusal(
+        "A command is missing: demo, init, upgrade, errand, show, month, review, explain or journal.");
   }
 
  private:
